@@ -2,6 +2,9 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
+
+#include <functional>
 
 class AlarmDisplay;
 class ErrorList;
@@ -31,6 +34,8 @@ public:
     // Tries ports 1..32 in ascending order; see portAvailable().
     void ScanPorts();
     bool portAvailable(int n) const;
+    // Reads the setting PortNo (default 1) into gPortNo.
+    void ReadPortSetting();
     // The diagnostic lines of the last scan ("COMn" + opened/failed).
     QStringList scanReport() const;
     bool isPortOpen() const;
@@ -39,6 +44,9 @@ public:
     // (--port NAME, or the device chosen in the options dialog).
     void setPortName(const QString& name);
     QString portName() const;
+    // Which device a port number names (PortNaming::deviceFor unless
+    // replaced, as tests do).
+    void setPortNaming(std::function<QString(int)> deviceOf);
 
     // --- transaction -------------------------------------------------------
     // Writes command + data + CR LF, waits for the reply line or gTimeoutMs,

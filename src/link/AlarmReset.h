@@ -1,0 +1,19 @@
+#pragma once
+
+struct SequenceContext;
+class AlarmDisplay;
+
+// The alarm reset of the RESET button: "0AR" with the command buttons and
+// the tab strip disabled; on success the lamps go back to green and the
+// status label is emptied.
+class AlarmReset {
+public:
+    AlarmReset(SequenceContext& context, AlarmDisplay& alarms);
+
+    // 0 when the controller accepted the reset; 1 after the link showed why not.
+    int run();
+
+private:
+    SequenceContext& m_context;
+    AlarmDisplay& m_alarms;
+};

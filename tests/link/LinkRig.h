@@ -1,0 +1,49 @@
+#pragma once
+
+#include "common/ProgramState.h"
+#include "link/ErrorList.h"
+#include "link/Link.h"
+
+#include "support/FakeSerialPort.h"
+#include "support/RecordingAlarmDisplay.h"
+#include "support/ScriptedPrompter.h"
+#include "support/TempSettings.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+// A link on a scripted port, with an error list of a few codes, English
+// messages, numbered ports named "port<n>", port-occupy off and a short
+// time-out.
+struct LinkRig {
+    LinkRig()
+    {
+        ProgramState::reset();
+        ProgramState::instance().gMsgBase = 10000;
+        ProgramState::instance().gLanguage = 2;
+        ProgramState::instance().gPortOccupy = false;
+        link.setPortNaming([](int n) { return QStringLiteral("port%1").arg(n); });
+        link.gTimeoutMs = 100;
+        loadErrors("3\r\n\"11\",\"Unknown command.\"\r\n\"03\",\"Homing refused.\"\r\n"
+                   "\"31\",\"Overload alarm.\"\r\n");
+    }
+    ~LinkRig() { ProgramState::reset(); }
+
+    bool loadErrors(const QByteArray& content)
+    {
+        const QString path = dir.filePath(QStringLiteral("errors.lst"));
+        QFile file(path);
+        file.open(QIODevice::WriteOnly | QIODevice::Truncate);
+        file.write(content);
+        file.close();
+        return errors.load(path);
+    }
+
+    TempSettings settings;
+    QTemporaryDir dir;
+    FakeSerialPort port;
+    ScriptedPrompter prompter;
+    RecordingAlarmDisplay alarms;
+    ErrorList errors;
+    Link link{port, prompter, alarms, errors};
+};

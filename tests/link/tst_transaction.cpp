@@ -1,0 +1,353 @@
+#include "LinkRig.h"
+
+#include "common/MessageTable.h"
+#include "common/Waiter.h"
+
+#include <QElapsedTimer>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+
+const QString TimeoutText = QStringLiteral(
+    "Communication timeout error!\r\n\r\nCheck the followings;\r\n"
+    " 1.Power ON for controller?\r\n 2.Communication cables are connected?");
+const QString LengthText =
+    QStringLiteral("Communication data length error occurs!\r\nLength of data is wrong.");
+
+using Frames = QList<QByteArray>;
+
+} // namespace
+
+class TestTransaction : public QObject {
+    Q_OBJECT
+
+private slots:
+    void cleanup() { Waiter::clearAbort(); }
+
+    void acceptsMatchingReply()
+    {
+        LinkRig rig;
+        rig.alarms.alarm = true;
+        rig.port.answer("0RA", "0RA1\r\n");
+        QSignalSpy sent(&rig.link, &Link::frameSent);
+        QSignalSpy received(&rig.link, &Link::lineReceived);
+
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 0);
+
+        QCOMPARE(rig.link.gReply, QStringLiteral("0RA1\r\n"));
+        QCOMPARE(rig.port.frames, Frames{"0RA"});
+        QCOMPARE(rig.port.lastSettings, QStringLiteral("9600,N,8,1"));
+        QVERIFY(!rig.alarms.alarm);
+        QCOMPARE(rig.alarms.status, QStringLiteral(" "));
+        QVERIFY(rig.link.isPortOpen());
+        QVERIFY(rig.prompter.shown.isEmpty());
+        QCOMPARE(sent.size(), 1);
+        QCOMPARE(sent[0][0].toByteArray(), QByteArray("0RA"));
+        QCOMPARE(received.size(), 1);
+        QCOMPARE(received[0][0].toByteArray(), QByteArray("0RA1"));
+    }
+
+    // Only the first three characters are compared with the request.
+    void echoIsTheFirstThreeCharacters()
+    {
+        LinkRig rig;
+        rig.port.answer("0CM6", "0CM7\r\n");
+        QCOMPARE(rig.link.SendRecvCommand("0CM", 6, "6"), 0);
+    }
+
+    void lineAssembly_data()
+    {
+        QTest::addColumn<Frames>("chunks");
+        QTest::addColumn<int>("expectedLength");
+        QTest::addColumn<QString>("reply");
+        QTest::newRow("CR and LF in separate reads") << Frames{"0RA1\r", "\n"} << 6 << "0RA1\r\n";
+        QTest::newRow("one character per read")
+            << Frames{"0", "R", "A", "1", "\r", "\n"} << 6 << "0RA1\r\n";
+        QTest::newRow("text after a CR LF inside a read stays in the line")
+            << Frames{"0RA1\r\nX", "Y\r\n"} << 10 << "0RA1\r\nXY\r\n";
+    }
+    void lineAssembly()
+    {
+        QFETCH(Frames, chunks);
+        QFETCH(int, expectedLength);
+        QFETCH(QString, reply);
+        LinkRig rig;
+        rig.port.answer("0RA", chunks);
+
+        QCOMPARE(rig.link.SendRecvCommand("0RA", expectedLength, ""), 0);
+
+        QCOMPARE(rig.link.gReply, reply);
+        QVERIFY(rig.link.gRxBuffer.isEmpty());
+    }
+
+    void staleInputIsDiscarded()
+    {
+        LinkRig rig;
+        rig.port.answer("0RA", "0RA1\r\n");
+        rig.port.answer("0RA", "0RA2\r\n");
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 0);
+        rig.port.preload("0%%101\r\n");
+
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 0);
+
+        QCOMPARE(rig.link.gReply, QStringLiteral("0RA2\r\n"));
+        QVERIFY(!rig.alarms.alarm);
+        QVERIFY(rig.prompter.shown.isEmpty());
+    }
+
+    void timeOut_data()
+    {
+        QTest::addColumn<bool>("occupy");
+        QTest::newRow("port released") << false;
+        QTest::newRow("port kept open") << true;
+    }
+    void timeOut()
+    {
+        QFETCH(bool, occupy);
+        LinkRig rig;
+        ProgramState::instance().gPortOccupy = occupy;
+        QElapsedTimer clock;
+        clock.start();
+
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+
+        QVERIFY(clock.elapsed() >= 90);
+        QVERIFY(rig.link.gCommError);
+        QVERIFY(rig.link.gTimedOut);
+        QCOMPARE(rig.prompter.texts(), QStringList{TimeoutText});
+        QCOMPARE(rig.link.isPortOpen(), occupy);
+
+        // The next transaction opens the port again when it was released.
+        rig.port.answer("0RA", "0RA1\r\n");
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 0);
+        QCOMPARE(rig.port.opened.size(), occupy ? 1 : 2);
+        QVERIFY(!rig.link.gCommError);
+    }
+
+    void timeOutInJapanese()
+    {
+        LinkRig rig;
+        ProgramState::instance().gMsgBase = 0;
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+        QVERIFY(rig.prompter.lastText().startsWith(QStringLiteral("通信タイムアウトエラー！\r\n\r\n")));
+    }
+
+    void errorReplyInTheList()
+    {
+        LinkRig rig;
+        rig.port.answer("0RD9", "0%%101\r\n");
+
+        QCOMPARE(rig.link.SendRecvCommand("0RD", 38, "9"), 1);
+
+        QCOMPARE(rig.prompter.lastText(),
+                 QStringLiteral("Communication error occurs!\r\nError No.11\r\n[Unknown command.]"));
+        QVERIFY(rig.link.gErrorReply);
+        QVERIFY(rig.link.gErrorFound);
+        QCOMPARE(rig.link.gErrorNo, QStringLiteral("11"));
+        QCOMPARE(rig.link.gLastErrorReply, QStringLiteral("0%%101\r\n"));
+        QVERIFY(rig.alarms.alarm);
+        QCOMPARE(rig.alarms.status, QStringLiteral("Unknown command."));
+        QVERIFY(!rig.link.gCommError);
+        QVERIFY(rig.link.isPortOpen());
+    }
+
+    // Without a hit the box shows the text of the last code that was found.
+    void errorReplyNotInTheList()
+    {
+        LinkRig rig;
+        rig.port.answer("0RA", "0%%999\r\n");
+        rig.port.answer("0RA", "0%%301\r\n");
+        rig.port.answer("0RA", "0%%999\r\n");
+
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+        QCOMPARE(rig.prompter.lastText(), QStringLiteral("Communication error occurs!\r\n[]"));
+        QCOMPARE(rig.alarms.status, QStringLiteral("No error information in the error List"));
+        QVERIFY(rig.alarms.alarm);
+
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+        QCOMPARE(rig.prompter.lastText(),
+                 QStringLiteral("Communication error occurs!\r\n[Overload alarm.]"));
+        QVERIFY(!rig.link.gErrorFound);
+    }
+
+    void acceptedReplyClearsTheAlarm()
+    {
+        LinkRig rig;
+        rig.port.answer("0RA", "0%%301\r\n");
+        rig.port.answer("0RA", "0RA1\r\n");
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+        QVERIFY(rig.alarms.alarm);
+
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 0);
+        QVERIFY(!rig.alarms.alarm);
+        QVERIFY(!rig.link.gErrorReply);
+        QCOMPARE(rig.alarms.status, QStringLiteral(" "));
+    }
+
+    void closeAfterErrorIsHonoured()
+    {
+        LinkRig rig;
+        rig.link.gCloseAfterError = true;
+        rig.port.answer("0RA", "0%%101\r\n");
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+        QVERIFY(!rig.link.isPortOpen());
+    }
+
+    void errorLineOutsideATransaction()
+    {
+        LinkRig rig;
+        rig.port.answer("0RA", "0RA1\r\n");
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 0);
+        ProgramState::instance().gPortOccupy = true;
+
+        rig.port.deliver({"0%%3", "01\r\n"});
+
+        QTRY_VERIFY(rig.alarms.alarm);
+        QCOMPARE(rig.alarms.status, QStringLiteral("Overload alarm."));
+        QVERIFY(rig.link.gErrorReply);
+        QVERIFY(rig.prompter.shown.isEmpty());
+    }
+
+    void errorReplyWithoutErrorList()
+    {
+        LinkRig rig;
+        QVERIFY(!rig.errors.load(rig.dir.filePath(QStringLiteral("absent.lst"))));
+        rig.port.answer("0RA", "0%%101\r\n");
+
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+
+        QVERIFY(rig.prompter.texts().contains(MsgLines({30, 31})));
+        QVERIFY(rig.prompter.lastText().startsWith(QStringLiteral("Communication error occurs!\r\n[")));
+        QCOMPARE(rig.alarms.changes, 0);
+    }
+
+    void wrongLengthResynchronises()
+    {
+        LinkRig rig;
+        rig.port.answer("0CM6", "0CM6X\r\n");
+        rig.port.answer("0CM6", "0CM6\r\n");
+
+        QCOMPARE(rig.link.SendRecvCommand("0CM", 6, "6"), 1);
+
+        QCOMPARE(rig.port.frames, (Frames{"0CM6", "0CM6"}));
+        QCOMPARE(rig.prompter.texts(), QStringList{LengthText});
+        QVERIFY(rig.link.gCommError);
+        QVERIFY(!rig.link.isPortOpen());
+    }
+
+    void resynchronisationAnsweredWithAnError()
+    {
+        LinkRig rig;
+        rig.port.answer("0RA", "0RA12\r\n");
+        rig.port.answer("0CM6", "0%%101\r\n");
+
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+
+        QCOMPARE(rig.port.frames, (Frames{"0RA", "0CM6"}));
+        QCOMPARE(rig.prompter.lastText(),
+                 QStringLiteral("Communication error occurs!\r\nError No.11\r\n[Unknown command.]"));
+        QVERIFY(rig.link.gErrorReply);
+        QVERIFY(!rig.link.gCommError);
+        QVERIFY(rig.link.isPortOpen());
+    }
+
+    // After a wrong length a silent controller is waited for without limit,
+    // with events still served, until the program closes.
+    void wrongLengthWaitsWithoutTimeLimit()
+    {
+        LinkRig rig;
+        rig.port.answer("0RA", "0RA\r\n");
+        bool served = false;
+        QTimer::singleShot(300, [&] { served = true; });
+        QTimer::singleShot(500, [] { Waiter::abortAll(); });
+        QElapsedTimer clock;
+        clock.start();
+
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+
+        QVERIFY(clock.elapsed() >= 450);
+        QVERIFY(served);
+        QVERIFY(rig.link.gAbortWait);
+        QCOMPARE(rig.port.frames, (Frames{"0RA", "0CM6"}));
+        QVERIFY(rig.prompter.shown.isEmpty());
+    }
+
+    void wrongEchoWaitsWithTimeLimit()
+    {
+        LinkRig rig;
+        rig.port.answer("0RA", "0RD1\r\n");
+        QElapsedTimer clock;
+        clock.start();
+
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+
+        QVERIFY(clock.elapsed() < 2000);
+        QCOMPARE(rig.port.frames, (Frames{"0RA", "0CM6"}));
+        QCOMPARE(rig.prompter.texts(), QStringList{LengthText});
+        QVERIFY(rig.link.gCommError);
+        QVERIFY(!rig.link.gAbortWait);
+    }
+
+    void closingTheProgramEndsTheReplyWait()
+    {
+        LinkRig rig;
+        rig.link.gTimeoutMs = 5000;
+        QTimer::singleShot(50, [] { Waiter::abortAll(); });
+        QElapsedTimer clock;
+        clock.start();
+
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+
+        QVERIFY(clock.elapsed() < 2000);
+        QVERIFY(rig.link.gAbortWait);
+        QVERIFY(rig.prompter.shown.isEmpty());
+        QVERIFY(!rig.link.busy());
+    }
+
+    void secondTransactionIsRefused()
+    {
+        LinkRig rig;
+        rig.port.answer("0RA", {"0RA1\r\n"}, 80);
+        int inner = -2;
+        QTimer::singleShot(20, [&] { inner = rig.link.SendRecvCommand("0CM", 6, "6"); });
+        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression("refused"));
+
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 0);
+
+        QCOMPARE(inner, 1);
+        QCOMPARE(rig.port.frames, Frames{"0RA"});
+        QCOMPARE(rig.link.gReply, QStringLiteral("0RA1\r\n"));
+        QVERIFY(rig.prompter.shown.isEmpty());
+    }
+
+    void portThatCannotOpen()
+    {
+        LinkRig rig;
+        rig.port.setRefuseAll(true);
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+        QCOMPARE(rig.prompter.texts(), QStringList{"Failed in opening of a communication port."});
+        QVERIFY(rig.port.frames.isEmpty());
+    }
+
+    void lostDeviceIsOpenedAgain()
+    {
+        LinkRig rig;
+        ProgramState::instance().gPortOccupy = true;
+        rig.port.answer("0RA", "0RA1\r\n");
+        rig.port.answer("0RA", "0RA1\r\n");
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 0);
+
+        rig.port.pull();
+        QVERIFY(!rig.link.isPortOpen());
+
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 0);
+        QCOMPARE(rig.port.opened.size(), 2);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestTransaction)
+#include "tst_transaction.moc"
