@@ -1,0 +1,60 @@
+#include "sim/LinePacer.h"
+
+#include <algorithm>
+
+LinePacer::LinePacer(QObject* parent)
+    : QObject(parent)
+{
+    m_clock.start();
+    m_timer.setSingleShot(true);
+    m_timer.setTimerType(Qt::PreciseTimer);
+    connect(&m_timer, &QTimer::timeout, this, &LinePacer::letOutDue);
+}
+
+void LinePacer::send(const QByteArray& bytes)
+{
+    if (!m_enabled) {
+        emit paced(bytes);
+        return;
+    }
+    if (m_pending.isEmpty()) {
+        // A new burst starts now, unless the last character of the previous
+        // one is still on the line.
+        const qint64 now = m_clock.nsecsElapsed();
+        const qint64 lineFree = m_busySinceNs + m_sent * CharNs;
+        if (now >= lineFree) {
+            m_busySinceNs = now;
+            m_sent = 0;
+        }
+    }
+    m_pending += bytes;
+    scheduleNext();
+}
+
+void LinePacer::clear()
+{
+    m_pending.clear();
+    m_timer.stop();
+}
+
+void LinePacer::letOutDue()
+{
+    const qint64 elapsed = m_clock.nsecsElapsed() - m_busySinceNs;
+    const qint64 due = std::min<qint64>(elapsed / CharNs - m_sent, m_pending.size());
+    if (due > 0) {
+        const QByteArray out = m_pending.left(due);
+        m_pending.remove(0, due);
+        m_sent += due;
+        emit paced(out);
+    }
+    scheduleNext();
+}
+
+void LinePacer::scheduleNext()
+{
+    if (m_pending.isEmpty() || m_timer.isActive())
+        return;
+    const qint64 nextDoneNs = m_busySinceNs + (m_sent + 1) * CharNs;
+    const qint64 waitNs = std::max<qint64>(0, nextDoneNs - m_clock.nsecsElapsed());
+    m_timer.start(int((waitNs + 999'999) / 1'000'000));
+}
