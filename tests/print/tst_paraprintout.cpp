@@ -1,0 +1,323 @@
+#include "PdfText.h"
+#include "RecordedPage.h"
+
+#include "common/MessageTable.h"
+#include "common/ProgramState.h"
+#include "print/PageMetrics.h"
+#include "print/ParaPrintout.h"
+#include "print/PdfPrinter.h"
+#include "print/PrintCanvas.h"
+
+#include <QBuffer>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPdfWriter>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+const QDateTime PrintedAt(QDate(2024, 3, 5), QTime(14, 7));
+
+// A complete set as the parameter page would hand it over.
+PrintParaList fullList()
+{
+    PrintParaList list;
+    list[0] = QStringLiteral("unit12.pmt");
+    list[1] = 65535;
+    list[2] = 30;
+    list[3] = 5;
+    list[4] = 1000;
+    list[5] = 2;                       // a switch value without a text
+    list[6] = QStringLiteral("ZZ");    // not printed
+    list[7] = QStringLiteral("20E007");
+    list[8] = 1;
+    list[9] = 500;
+    list[10] = 3;
+    list[11] = QStringLiteral("10");
+    list[12] = 20;
+    list[13] = 0;
+    list[14] = 255;
+    list[15] = 0;
+    list[16] = 1;
+    return list;
+}
+
+int linePitchOf(QPaintDevice& device)
+{
+    PrintCanvas canvas(device);
+    canvas.finish();
+    return canvas.metrics().gLinePitch;
+}
+
+} // namespace
+
+// Fonts need a GUI application, though nothing here is a widget.
+class TestParaPrintout : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        ProgramState::reset();
+        ProgramState::instance().gMsgBase = MessageTable::EnglishBase;
+    }
+
+    void sheetRows_data()
+    {
+        QTest::addColumn<int>("row");
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<QString>("value");
+        QTest::newRow("title") << 1 << "QM-KTR  Parameters" << "";
+        QTest::newRow("homing") << 4 << "<< HOMING PARAMETER >>" << "";
+        QTest::newRow("offset") << 5 << " 1.OFFSET:" << "65535";
+        QTest::newRow("vel") << 6 << " 2.VEL:" << "30";
+        QTest::newRow("ofsvel") << 7 << " 3.OFSVEL:" << "5";
+        QTest::newRow("axis") << 9 << "<< AXIS PARAMETER >>" << "";
+        QTest::newRow("pulse") << 10 << " 1.PULSE:" << "1000";
+        QTest::newRow("auto drive 2 has no text") << 11 << " 2.AUTO DRIVE:" << "2";
+        QTest::newRow("motor 20 is SP") << 12 << " 3.MOTOR:" << "SP";
+        QTest::newRow("pg") << 14 << "<< PG PARAMETER >>" << "";
+        QTest::newRow("function") << 15 << " 1.FUNCTION:" << "1. With Encorder";
+        QTest::newRow("alm") << 16 << " 2.ALM:" << "500";
+        QTest::newRow("etc") << 18 << "<< Etc PARAMETER >>" << "";
+        QTest::newRow("home out") << 19 << " 1. HOME OUT:" << "3. OUT1,2-ON";
+        QTest::newRow("in-p wid") << 20 << " 2. IN-P WID:" << "10";
+        QTest::newRow("sp") << 22 << "<< SP Parameter >>" << "";
+        QTest::newRow("pg timer") << 23 << " 1. PG TIMER:" << "20";
+        QTest::newRow("auto home") << 24 << " 2. AUTO HOME:" << "0. Disable";
+        QTest::newRow("ls timer") << 25 << " 3. LS TIMER:" << "255";
+        QTest::newRow("emg logic 0 is B") << 26 << " 4. EMG LOGIC:" << "Logic B(0)";
+        QTest::newRow("alm1 clear") << 27 << " 5. ALM1 CLEAR:" << "1. Enable";
+        QTest::newRow("empty rows") << 8 << "" << "";
+    }
+    void sheetRows()
+    {
+        QFETCH(int, row);
+        QFETCH(QString, label);
+        QFETCH(QString, value);
+        RecordedPage page;
+        const int pitch = linePitchOf(page);
+        ParaPrintout(fullList(), PrintedAt).render(page);
+        QCOMPARE(page.at(row, 20, pitch), label);
+        QCOMPARE(page.at(row, 80, pitch), value);
+    }
+
+    void everyTextOnItsColumnOrTheFooter()
+    {
+        RecordedPage page;
+        const int pitch = linePitchOf(page);
+        ParaPrintout(fullList(), PrintedAt).render(page);
+        for (const RecordedPage::Text& t : page.texts) {
+            const bool inColumn = qAbs(t.x - 20) < 0.05 || qAbs(t.x - 80) < 0.05;
+            QVERIFY2(inColumn || int(t.baseline / pitch) == 29, qPrintable(t.text));
+            QVERIFY2(t.text != QStringLiteral("ZZ"), "entry 6 is not printed");
+        }
+    }
+
+    void japaneseSwitchTexts()
+    {
+        ProgramState::instance().gMsgBase = 0;
+        RecordedPage page;
+        const int pitch = linePitchOf(page);
+        ParaPrintout(fullList(), PrintedAt).render(page);
+        QCOMPARE(page.at(15, 80, pitch), Msg(653));
+        QCOMPARE(page.at(26, 80, pitch), Msg(691));
+        QVERIFY(page.at(15, 80, pitch) != MessageTable::instance().text(10653));
+        QCOMPARE(page.at(5, 20, pitch), QStringLiteral(" 1.OFFSET:"));
+    }
+
+    void fileNameOnlyWhenPrintingAFile_data()
+    {
+        QTest::addColumn<bool>("fromFile");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("file") << true << "File Name:unit12.pmt";
+        QTest::newRow("screen") << false << "";
+    }
+    void fileNameOnlyWhenPrintingAFile()
+    {
+        QFETCH(bool, fromFile);
+        QFETCH(QString, expected);
+        ProgramState::instance().gPrintFromFile = fromFile;
+        RecordedPage page;
+        const int pitch = linePitchOf(page);
+        ParaPrintout(fullList(), PrintedAt).render(page);
+        QCOMPARE(page.at(1, 80, pitch), expected);
+        QCOMPARE(page.row(1, pitch).join(u'|').contains(QStringLiteral("unit12")), fromFile);
+    }
+
+    void switchText_data()
+    {
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("0") << QVariant(0) << "0. OUT-OFF";
+        QTest::newRow("3") << QVariant(3) << "3. OUT1,2-ON";
+        QTest::newRow("4 beyond the texts") << QVariant(4) << "4";
+        QTest::newRow("negative") << QVariant(-1) << "-1";
+        QTest::newRow("text with leading number") << QVariant("2x") << "2. OUT2-ON";
+        QTest::newRow("half rounds to even") << QVariant(2.5) << "2. OUT2-ON";
+        QTest::newRow("rounds up") << QVariant(0.6) << "1. OUT-ON";
+        QTest::newRow("fraction kept as text") << QVariant(3.6) << "3.6";
+        QTest::newRow("too large for a switch") << QVariant(70000) << "70000";
+        QTest::newRow("empty reads as 0") << QVariant(QString()) << "0. OUT-OFF";
+    }
+    void switchText()
+    {
+        QFETCH(QVariant, value);
+        QFETCH(QString, expected);
+        QCOMPARE(ParaPrintout::switchText(value, {657, 658, 659, 660}), expected);
+    }
+
+    void motorText_data()
+    {
+        QTest::addColumn<QString>("code");
+        QTest::addColumn<QString>("printed");
+        QTest::newRow("28") << "28E007" << "28";
+        QTest::newRow("35") << "35D120" << "35";
+        QTest::newRow("42") << "42E010" << "42";
+        QTest::newRow("special") << "20E001" << "SP";
+        QTest::newRow("20 only as the first two") << "E20" << "E2";
+        QTest::newRow("short") << "2" << "2";
+    }
+    void motorText()
+    {
+        QFETCH(QString, code);
+        QFETCH(QString, printed);
+        QCOMPARE(ParaPrintout::motorText(code), printed);
+    }
+
+    void printingKeepsTheMotorCode()
+    {
+        ProgramState::instance().gMotorCode = QStringLiteral("28");
+        RecordedPage page;
+        ParaPrintout(fullList(), PrintedAt).render(page);
+        QCOMPARE(ProgramState::instance().gMotorCode, QStringLiteral("20"));
+    }
+
+    void rulesAndFooter()
+    {
+        RecordedPage page;
+        const int pitch = linePitchOf(page);
+        ParaPrintout(fullList(), PrintedAt).render(page);
+        QCOMPARE(page.lines.size(), 2);
+        for (int i = 0; i < 2; ++i) {
+            QCOMPARE(page.lines[i].x1(), 10.0);
+            QCOMPARE(page.lines[i].x2(), 200.0);
+            QCOMPARE(page.lines[i].y1(), page.lines[i].y2());
+        }
+        QCOMPARE(page.lines[0].y1(), 2.0 * pitch);
+        const QStringList footer = page.row(29, pitch);
+        QCOMPARE(footer.size(), 1);
+        QVERIFY(footer[0].startsWith(QStringLiteral("  Printed 2024/03/05 14:07")));
+        QVERIFY(footer[0].contains(QStringLiteral("KTR-W5 Version ")));
+        const RecordedPage::Text& text = *std::find_if(
+            page.texts.cbegin(), page.texts.cend(),
+            [&](const RecordedPage::Text& t) { return t.text == footer[0]; });
+        QVERIFY2(qAbs(text.x + text.width - 200) < 0.2, "the footer ends at the right edge");
+        QVERIFY(page.lines[1].y1() > text.baseline);
+    }
+
+    void a4Metrics_data()
+    {
+        QTest::addColumn<int>("dpi");
+        QTest::newRow("300 dpi") << 300;
+        QTest::newRow("600 dpi") << 600;
+        QTest::newRow("1200 dpi") << 1200;
+    }
+    void a4Metrics()
+    {
+        QFETCH(int, dpi);
+        QByteArray sink;
+        QBuffer buffer(&sink);
+        buffer.open(QIODevice::WriteOnly);
+        QPdfWriter writer(&buffer);
+        writer.setResolution(dpi);
+        writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, {}));
+        PrintCanvas canvas(writer);
+        const PageMetrics m = canvas.metrics();
+        canvas.finish();
+        // An 11-point line is about 4 to 6 mm, whatever the resolution.
+        QVERIFY2(m.gLinePitch >= 4 && m.gLinePitch <= 6, qPrintable(QString::number(m.gLinePitch)));
+        RecordedPage page;
+        QCOMPARE(m.gLinePitch, linePitchOf(page));
+        QCOMPARE(m.gLinePitch2, m.gLinePitch + 1);
+        QCOMPARE(m.gPageRows, 297 / m.gLinePitch);
+        QCOMPARE(m.gPageRows2, 297 / m.gLinePitch2);
+        QCOMPARE(m.gRightEdge, 200);
+    }
+
+    void metricsArithmetic_data()
+    {
+        QTest::addColumn<double>("letter");
+        QTest::addColumn<double>("width");
+        QTest::addColumn<double>("height");
+        QTest::addColumn<QList<int>>("expected");  // pitch, pitch2, rows, rows2, right edge
+        QTest::newRow("A4") << 3.88 << 210.0 << 297.0 << QList<int>{4, 5, 74, 59, 200};
+        QTest::newRow("half rounds down to even") << 4.5 << 210.0 << 297.0 << QList<int>{4, 5, 74, 59, 200};
+        QTest::newRow("half rounds up to even") << 5.5 << 210.0 << 297.0 << QList<int>{6, 7, 49, 42, 200};
+        QTest::newRow("A5 on a printable area") << 5.6 << 143.7 << 204.6 << QList<int>{6, 7, 34, 29, 134};
+        QTest::newRow("letter") << 5.2 << 215.9 << 279.4 << QList<int>{5, 6, 55, 46, 206};
+    }
+    void metricsArithmetic()
+    {
+        QFETCH(double, letter);
+        QFETCH(double, width);
+        QFETCH(double, height);
+        QFETCH(QList<int>, expected);
+        const PageMetrics m = PageMetrics::compute(letter, width, height);
+        QCOMPARE((QList<int>{m.gLinePitch, m.gLinePitch2, m.gPageRows, m.gPageRows2, m.gRightEdge}),
+                 expected);
+    }
+
+    void pdfReadsInOrder()
+    {
+        ProgramState::instance().gPrintFromFile = true;
+        ParaPrintout printout(fullList(), PrintedAt);
+        const QString text = pdfText(PdfPrinter::render(printout));
+        QString missing;
+        const QStringList order = {
+            "QM-KTR", "Parameters", "File Name:unit12.pmt",
+            "<< HOMING PARAMETER >>", "1.OFFSET:", "65535", "2.VEL:", "30", "3.OFSVEL:", "5",
+            "<< AXIS PARAMETER >>", "1.PULSE:", "1000", "2.AUTO DRIVE:", "2", "3.MOTOR:", "SP",
+            "<< PG PARAMETER >>", "1.FUNCTION:", "1. With Encorder", "2.ALM:", "500",
+            "<< Etc PARAMETER >>", "1. HOME OUT:", "3. OUT1,2-ON", "2. IN-P WID:", "10",
+            "<< SP Parameter >>", "1. PG TIMER:", "20", "2. AUTO HOME:", "0. Disable",
+            "3. LS TIMER:", "255", "4. EMG LOGIC:", "Logic B(0)", "5. ALM1 CLEAR:", "1. Enable",
+            "Printed 2024/03/05 14:07"};
+        QVERIFY2(findInOrder(text, order, &missing) >= 0, qPrintable(missing + "\n" + text));
+        QCOMPARE(text.count(u'\f'), 1);
+    }
+
+    void pdfKeepsJapanese()
+    {
+        ProgramState::instance().gMsgBase = 0;
+        ParaPrintout printout(fullList(), PrintedAt);
+        const QString text = pdfText(PdfPrinter::render(printout));
+        QString missing;
+        // Some CJK fonts map an ideograph and its radical to one glyph, so a
+        // reader may extract the radical: compare compatibility forms.
+        const QStringList order = {Msg(653), Msg(660), Msg(655), Msg(691), Msg(656), Msg(4722).left(4)};
+        QStringList normalized;
+        for (const QString& piece : order)
+            normalized << piece.normalized(QString::NormalizationForm_KC);
+        QVERIFY2(findInOrder(text.normalized(QString::NormalizationForm_KC), normalized, &missing) >= 0,
+                 qPrintable(missing + "\n" + text));
+    }
+
+    void pdfWriteReportsFailure()
+    {
+        QTemporaryDir dir;
+        ParaPrintout printout(fullList(), PrintedAt);
+        QString error;
+        QVERIFY(!PdfPrinter::write(printout, dir.filePath("missing/folder/out.pdf"), &error));
+        QVERIFY(!error.isEmpty());
+        const QString path = dir.filePath("out.pdf");
+        QVERIFY(PdfPrinter::write(printout, path, &error));
+        QFile written(path);
+        QVERIFY(written.open(QIODevice::ReadOnly));
+        QVERIFY(written.read(5) == "%PDF-");
+    }
+};
+
+QTEST_MAIN(TestParaPrintout)
+#include "tst_paraprintout.moc"
