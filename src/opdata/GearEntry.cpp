@@ -1,0 +1,33 @@
+#include "opdata/GearEntry.h"
+
+#include "common/NumberText.h"
+#include "common/StripLeadingZeros.h"
+#include "opdata/DivisionEntry.h"
+#include "opdata/VelocityRules.h"
+
+KeyAction GearEntry::keyPress(const QString& text, QChar key)
+{
+    return DivisionEntry::filterKey(text, key, KeyAction::Enter);
+}
+
+EntryOutcome GearEntry::textChanged(const QString& text, const QString& comboVEL, bool mEventsOff,
+                                    bool gSuppressVelCalc)
+{
+    if (!IsNumeric(text))
+        return EntryOutcome::cleared();
+    EntryOutcome outcome;
+    if (!mEventsOff) {
+        outcome.background = Background::Window;
+        outcome.txtVEL = VelocityRules::VelOnGearChange(comboVEL, text, mEventsOff, gSuppressVelCalc);
+    }
+    return DivisionEntry::limitTo100(text, outcome);
+}
+
+EntryOutcome GearEntry::leave(const QString& text)
+{
+    QString gChkText = text;
+    StripLeadingZeros(gChkText);
+    if (gChkText.startsWith(u'0'))
+        return EntryOutcome::clearedAndMarked();
+    return EntryOutcome::withText(gChkText);
+}

@@ -1,0 +1,87 @@
+#include "opdata/Homing.h"
+
+#include "common/ControlLock.h"
+#include "common/ProgramState.h"
+#include "common/Waiter.h"
+#include "link/CommandSet.h"
+#include "link/Link.h"
+#include "link/SequenceContext.h"
+#include "opdata/OpDataLog.h"
+#include "opdata/OpDataView.h"
+
+#include <QScopedValueRollback>
+
+namespace {
+
+constexpr int HomePoint = 0;
+constexpr int StatusFinished = 1;
+constexpr int StatusFailed = -1;
+
+} // namespace
+
+Homing::Homing(SequenceContext& ctx, OpDataView& view) : m_ctx(ctx), m_view(view)
+{
+}
+
+void Homing::run()
+{
+    if (m_running)
+        return;
+    const QScopedValueRollback running(m_running, true);
+    ProgramState& ps = ProgramState::instance();
+
+    m_ctx.lock.HOMEBTN_Muko();
+    m_ctx.lock.setTabsEnabled(false);
+    m_ctx.lock.Menyu_Muko();
+    ps.gCommBusy = true;
+    m_view.setResetEnabled(false);
+
+    steps();
+
+    m_ctx.link.CloseCommPort();
+    m_ctx.lock.HOMEBTN_Yuko();
+    m_ctx.lock.setTabsEnabled(true);
+    m_ctx.lock.Menyu_Yuko();
+    ps.gCommBusy = false;
+}
+
+void Homing::steps()
+{
+    ProgramState& ps = ProgramState::instance();
+    if (m_ctx.link.OpenCommPort() != 0 || m_ctx.commands.CheckCommunication() != 0)
+        return;
+
+    // A blocked request is not recorded as one.
+    ps.gHomeRequested = !ps.gHomeRequestBlock;
+
+    if (m_ctx.commands.MoveToPosition(HomePoint) != 0) {
+        homeMoveFailed();
+        return;
+    }
+    ps.gHomeFailed = false;
+    int status = 0;
+    do {
+        if (Waiter::sleep(PollGapMs) == Waiter::Result::Aborted)
+            return;
+        status = m_ctx.commands.ReadRunStatus();
+    } while (status != StatusFinished && status != StatusFailed);
+    if (status == StatusFailed) {
+        ps.gHomeRequested = false;
+        m_ctx.link.CloseCommPort();
+    }
+}
+
+void Homing::homeMoveFailed()
+{
+    ProgramState& ps = ProgramState::instance();
+    m_ctx.link.CloseCommPort();
+    m_view.setHomeEnabled(true);
+    const QString reply = m_ctx.link.gReply;
+    if (reply.startsWith(QLatin1String("0%%"))) {
+        m_ctx.link.ErrorCheck();
+        if (reply.startsWith(QLatin1String("0%%0B")))
+            qCInfo(lcOpData) << "homing refused by the controller:" << reply.trimmed();
+    }
+    ps.gHomeRequested = false;
+    ps.gHomeFailed = true;
+}

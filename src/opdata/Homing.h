@@ -1,0 +1,27 @@
+#pragma once
+
+struct SequenceContext;
+class OpDataView;
+
+// "HOME" (cmdHOME): drives the unit to its home position ("0MP" "00") and
+// waits until the controller reports the move over.
+class Homing {
+public:
+    // Pause between two status queries: a "0RA" exchange takes about 10 ms
+    // of line time, so the line stays mostly idle and the lamps, STOP and
+    // the window keep up.
+    static constexpr int PollGapMs = 30;
+
+    Homing(SequenceContext& ctx, OpDataView& view);
+
+    // SelectMove. A click while homing runs is ignored.
+    void run();
+
+private:
+    void steps();
+    void homeMoveFailed();
+
+    SequenceContext& m_ctx;
+    OpDataView& m_view;
+    bool m_running = false;
+};

@@ -1,0 +1,191 @@
+#include "opdata/MoveRun.h"
+
+#include "common/ControlLock.h"
+#include "common/MessageTable.h"
+#include "common/NumberText.h"
+#include "common/ProgramState.h"
+#include "common/Waiter.h"
+#include "link/CommandSet.h"
+#include "link/Link.h"
+#include "link/Prompter.h"
+#include "link/SequenceContext.h"
+#include "opdata/MoveTestState.h"
+#include "opdata/OpDataView.h"
+
+#include <QScopedValueRollback>
+
+namespace {
+
+// Test moves always go to point 1; the range check of a point number is
+// kept for the day the point can be chosen.
+constexpr int TestPoint = 1;
+constexpr int FirstPoint = 1;
+constexpr int LastPoint = 63;
+constexpr int PointRangeMessage = 561;
+
+constexpr int StatusMoving = 0;
+constexpr int StatusFinished = 1;
+constexpr int StatusStopped = 2;
+constexpr int StatusFailed = -1;
+
+constexpr int DwellUnitMs = 100;   // the dwell is entered in tenths of a second
+constexpr qint16 SeriesEnd = MoveRun::SeriesLength + 1;
+
+bool pointInRange(int point)
+{
+    return point >= FirstPoint && point <= LastPoint;
+}
+
+} // namespace
+
+MoveRun::MoveRun(SequenceContext& ctx, MoveTestState& state, OpDataView& view, QObject* parent)
+    : QObject(parent), m_ctx(ctx), m_state(state), m_view(view)
+{
+    Timer2.setSingleShot(true);
+    connect(&Timer2, &QTimer::timeout, this, [this] {
+        m_state.mDwellOver = true;
+        Waiter::wake();
+    });
+}
+
+void MoveRun::run()
+{
+    if (m_running)
+        return;
+    const QScopedValueRollback running(m_running, true);
+    ProgramState& ps = ProgramState::instance();
+
+    m_ctx.lock.MoveCMDBTN_Muko();
+    m_ctx.lock.setTabsEnabled(false);
+    m_ctx.lock.Menyu_Muko();
+    ps.gCommBusy = true;
+
+    steps();
+
+    ps.gCommBusy = false;
+    m_ctx.lock.MoveCMDBTN_Yuko();
+    m_ctx.lock.setTabsEnabled(true);
+    m_ctx.lock.Menyu_Yuko();
+}
+
+void MoveRun::stop()
+{
+    if (!m_running)
+        return;
+    m_state.mStopRequest = true;
+    Waiter::wake();
+}
+
+bool MoveRun::continuous() const
+{
+    return m_view.screen().optCNT;
+}
+
+bool MoveRun::stopped() const
+{
+    return m_state.mStopRequest || m_state.mStopOther || Waiter::aborted();
+}
+
+void MoveRun::steps()
+{
+    QString dwellText = m_view.screen().txtTimer;
+    if (dwellText == u"0")
+        dwellText.clear();
+
+    const int status = m_ctx.commands.ReadRunStatus();
+    if (status != StatusFinished && status != StatusStopped) {
+        m_ctx.link.CloseCommPort();
+        return;
+    }
+    takeLeftovers(continuous());
+
+    do {
+        if (m_state.mMoveNo >= SeriesEnd)
+            break;
+        if (!moveOnce())
+            break;
+        if (stopped() || !continuous())
+            break;
+        dwell(dwellText);
+        if (m_state.mMoveNo == SeriesEnd) {
+            m_state.mMoveNo = 1;
+            break;
+        }
+    } while (continuous() && !stopped());
+
+    if (m_state.mMoveNo >= SeriesEnd)
+        m_state.mMoveNo = 1;
+    m_ctx.link.CloseCommPort();
+}
+
+// What the previous run left behind: a stopped series starts again at its
+// first move, and a step whose end was not seen starts a new count.
+void MoveRun::takeLeftovers(bool continuousMode)
+{
+    if (m_state.mStopRequest && continuousMode) {
+        m_state.mMoveNo = 1;
+        m_state.mStopRequest = false;
+    }
+    if (continuousMode && m_state.mStopOther)
+        m_state.mStopOther = false;
+    if (!continuousMode && m_state.mMoving) {
+        m_state.mMoveNo = 1;
+        m_state.mMoving = false;
+    }
+}
+
+// One move to the test point and the wait for its end; false ends the run.
+bool MoveRun::moveOnce()
+{
+    if (!pointInRange(TestPoint)) {
+        m_ctx.prompter.tell(Msg(PointRangeMessage), Prompter::Icon::Exclamation);
+        return false;
+    }
+    if (m_ctx.commands.MoveToPosition(TestPoint) != 0)
+        return false;
+    m_state.mMoving = true;
+    WaitMs(AfterStartMs);
+    if (waitForMoveEnd() != Poll::Finished)
+        return false;
+    emit moveFinished(m_state.mMoveNo);
+    ++m_state.mMoveNo;
+    return true;
+}
+
+MoveRun::Poll MoveRun::waitForMoveEnd()
+{
+    for (;;) {
+        if (Waiter::sleep(PollGapMs) == Waiter::Result::Aborted)
+            return Poll::Aborted;
+        switch (m_ctx.commands.ReadRunStatus()) {
+        case StatusFinished:
+            m_state.mMoving = false;
+            return Poll::Finished;
+        case StatusStopped:
+            return Poll::Finished;
+        case StatusFailed:
+            return Poll::Failed;
+        case StatusMoving:
+        default:
+            break;
+        }
+    }
+}
+
+void MoveRun::dwell(const QString& dwellText)
+{
+    if (m_view.screen().chkTimerUse && !dwellText.isEmpty()) {
+        Timer2.setInterval(int(LeadingNumber(dwellText)) * DwellUnitMs);
+        Timer2.start();
+    } else {
+        m_state.mDwellOver = true;
+    }
+    Waiter::waitUntil([this] { return m_state.mDwellOver || stopped(); });
+    Timer2.stop();
+    m_state.mDwellOver = false;
+}
+
+void MoveRun::WaitMs(int ms)
+{
+    Waiter::sleep(ms);
+}

@@ -1,0 +1,3 @@
+#include "opdata/OpDataLog.h"
+
+Q_LOGGING_CATEGORY(lcOpData, "ktr.opdata")

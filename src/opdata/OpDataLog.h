@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QLoggingCategory>
+
+// Events of the operation data sequences worth a trace but not a message.
+Q_DECLARE_LOGGING_CATEGORY(lcOpData)

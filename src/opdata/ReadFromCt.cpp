@@ -1,0 +1,127 @@
+#include "opdata/ReadFromCt.h"
+
+#include "common/ControlLock.h"
+#include "common/MessageTable.h"
+#include "common/ProgramState.h"
+#include "common/Waiter.h"
+#include "link/CommandSet.h"
+#include "link/Link.h"
+#include "link/Prompter.h"
+#include "link/SequenceContext.h"
+#include "opdata/OpDataFileCommands.h"
+#include "opdata/OpDataHyoji.h"
+#include "opdata/OpDataRecord.h"
+#include "opdata/OpDataState.h"
+#include "opdata/OpDataView.h"
+#include "opdata/TransferProgress.h"
+
+namespace {
+
+constexpr int SaveBeforeReading = 369;
+constexpr int ReadConfirm = 370;
+constexpr int ReadingText = 368;
+constexpr int InsideCt = 374;
+constexpr int TransferSteps = 3;
+constexpr int RecordNo = 1;
+
+} // namespace
+
+ReadFromCt::ReadFromCt(SequenceContext& ctx, OpDataState& state, OpDataView& view)
+    : m_ctx(ctx), m_state(state), m_view(view)
+{
+}
+
+void ReadFromCt::run()
+{
+    ProgramState& ps = ProgramState::instance();
+    m_ctx.lock.CMDBTN_Muko();
+    m_ctx.lock.setTabsEnabled(false);
+    m_ctx.lock.Menyu_Muko();
+    ps.gCommBusy = true;
+    m_view.setSpeedChoiceEnabled(false);
+
+    const bool exchanged = askFirst();
+    if (exchanged && ReadPosidataFromCt() == 0)
+        showReadData();
+
+    m_ctx.link.CloseCommPort();
+    m_view.setSpeedChoiceEnabled(true);
+    ps.gCommBusy = false;
+    m_ctx.lock.CMDBTN_Yuko();
+    m_ctx.lock.setTabsEnabled(true);
+    m_ctx.lock.Menyu_Yuko();
+
+    if (exchanged && !m_ctx.link.gCommError)
+        showChoicesFromValues();
+    m_state.mEventsOff = false;
+}
+
+// Unsaved edits are offered a save first; otherwise the read is confirmed.
+bool ReadFromCt::askFirst()
+{
+    if (!ProgramState::instance().gDataChanged)
+        return m_ctx.prompter.ask(Msg(ReadConfirm), Prompter::Buttons::YesNo,
+                                  Prompter::Icon::Question)
+            == Prompter::Answer::Yes;
+
+    const OpDataScreen s = m_view.screen();
+    if (s.txtVEL.isEmpty() && s.txtACC.isEmpty() && s.txtDIVISION.isEmpty() && s.txtGEAR.isEmpty())
+        return true;
+    switch (m_ctx.prompter.ask(Msg(SaveBeforeReading), Prompter::Buttons::YesNoCancel,
+                               Prompter::Icon::Question)) {
+    case Prompter::Answer::Yes:
+        OpDataFileCommands(m_ctx.prompter, m_ctx.lock, m_ctx.progress, m_ctx.files, m_state, m_view)
+            .saveAsSteps();
+        return true;
+    case Prompter::Answer::No:
+        return true;
+    default:
+        return false;
+    }
+}
+
+int ReadFromCt::ReadPosidataFromCt()
+{
+    if (m_ctx.link.OpenCommPort() != 0 || m_ctx.commands.CheckCommunication() != 0)
+        return 1;
+
+    TransferProgress progress(m_ctx.progress);
+    progress.show(Msg(ReadingText), TransferSteps);
+    Waiter::sleep(TransferProgress::PauseMs);
+    progress.step(1);
+    if (m_ctx.commands.ReadPosition(RecordNo) != 0) {
+        m_ctx.link.CloseCommPort();
+        progress.hide();
+        return 1;
+    }
+    const QString reply = m_ctx.commands.reply();
+    progress.step(2);
+    progress.step(3);
+    Waiter::sleep(TransferProgress::PauseMs);
+    progress.hide();
+
+    if (!OpDataRecord::parseReply(reply, m_state.PosiDataRead)) {
+        m_ctx.prompter.tell(MsgLines({384, 0, 385}), Prompter::Icon::Exclamation);
+        return 1;
+    }
+    return 0;
+}
+
+void ReadFromCt::showReadData()
+{
+    m_state.PosiData.copyRow0(m_state.PosiDataRead, PosiTable::VEL, PosiTable::Spare3);
+    OpDataScreen screen = m_view.screen();
+    OpDataHyoji::PosiDataHyoji(m_state.PosiDataRead, screen);
+    m_state.mEventsOff = true;
+    m_view.showScreen(screen);
+    m_state.mDataTitle = Msg(InsideCt);
+    ProgramState::instance().gDataChanged = false;
+}
+
+void ReadFromCt::showChoicesFromValues()
+{
+    OpDataScreen screen = m_view.screen();
+    OpDataHyoji::ChoicesFromValues(screen);
+    m_state.mEventsOff = true;
+    m_view.showScreen(screen);
+}

@@ -1,0 +1,103 @@
+#include "opdata/WriteToCt.h"
+
+#include "common/ControlLock.h"
+#include "common/MessageTable.h"
+#include "common/ProgramState.h"
+#include "common/Waiter.h"
+#include "link/CommandSet.h"
+#include "link/Link.h"
+#include "link/Prompter.h"
+#include "link/SequenceContext.h"
+#include "opdata/OpDataRecord.h"
+#include "opdata/OpDataState.h"
+#include "opdata/OpDataTorikomi.h"
+#include "opdata/OpDataView.h"
+#include "opdata/TransferProgress.h"
+
+namespace {
+
+constexpr int WriteConfirm = 375;
+constexpr int StatusFailed = 377;
+constexpr int SendingText = 383;
+constexpr int MovingRefusal = 424;
+constexpr int TransferSteps = 3;
+
+// The reply to "0WP" echoes the command and the first data character.
+constexpr int EchoLength = 4;
+
+} // namespace
+
+WriteToCt::WriteToCt(SequenceContext& ctx, OpDataState& state, OpDataView& view)
+    : m_ctx(ctx), m_state(state), m_view(view)
+{
+}
+
+void WriteToCt::run()
+{
+    ProgramState& ps = ProgramState::instance();
+    m_ctx.lock.CMDBTN_Muko();
+    m_ctx.lock.setTabsEnabled(false);
+    m_ctx.lock.Menyu_Muko();
+    ps.gCommBusy = true;
+
+    steps();
+
+    m_ctx.link.CloseCommPort();
+    m_ctx.lock.CMDBTN_Yuko();
+    m_ctx.lock.setTabsEnabled(true);
+    m_ctx.lock.Menyu_Yuko();
+    ps.gCommBusy = false;
+    ps.gDataChanged = false;
+}
+
+void WriteToCt::steps()
+{
+    if (OpDataTorikomi::PosiDataCheckAndTorikomi(m_view.screen(), m_state.PosiData, m_ctx.prompter)
+        != 0)
+        return;
+    if (m_ctx.prompter.ask(Msg(WriteConfirm), Prompter::Buttons::OkCancel, Prompter::Icon::Question)
+        != Prompter::Answer::Ok)
+        return;
+
+    switch (m_ctx.commands.ReadRunStatus()) {
+    case 0:
+        m_ctx.prompter.tell(Msg(MovingRefusal), Prompter::Icon::Exclamation);
+        return;
+    case -1:
+        m_ctx.prompter.tell(Msg(StatusFailed), Prompter::Icon::Exclamation);
+        return;
+    default:
+        WritePosidataToCt();
+    }
+}
+
+int WriteToCt::WritePosidataToCt()
+{
+    const QString text = OpDataRecord::WriteText(m_state.PosiData);
+    TransferProgress progress(m_ctx.progress);
+    progress.show(Msg(SendingText), TransferSteps);
+    progress.step(1);
+
+    if (m_ctx.commands.WritePosition(text) != 0) {
+        progress.hide();
+        m_ctx.link.CloseCommPort();
+        return 1;
+    }
+    const QString sent = QStringLiteral("0WP") + text;
+    if (sent.left(EchoLength) != m_ctx.commands.reply().left(EchoLength)) {
+        progress.hide();
+        m_ctx.link.CloseCommPort();
+        m_ctx.link.gCommError = true;
+        m_ctx.prompter.tell(MsgLines({384, 0, 385}), Prompter::Icon::Exclamation);
+        return 1;
+    }
+    if (m_ctx.commands.EndPositionWrite() != 0) {
+        progress.hide();
+        m_ctx.link.CloseCommPort();
+        return 1;
+    }
+    progress.step(TransferSteps);
+    Waiter::sleep(TransferProgress::PauseMs);
+    progress.hide();
+    return 0;
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+struct OpDataState;
+struct SequenceContext;
+class OpDataView;
+
+// "Write to C/T" (cmdLoadtoCt, mnuFileLoadtoCt): the screen's operation
+// data into the controller, which stores it.
+class WriteToCt {
+public:
+    WriteToCt(SequenceContext& ctx, OpDataState& state, OpDataView& view);
+
+    void run();
+
+    // The exchange: "0WP" with row 0 of PosiData, its echo checked, then
+    // "0WA" "0101". 0 when written, 1 after the failure was shown.
+    int WritePosidataToCt();
+
+private:
+    void steps();
+
+    SequenceContext& m_ctx;
+    OpDataState& m_state;
+    OpDataView& m_view;
+};

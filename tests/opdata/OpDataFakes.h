@@ -1,0 +1,102 @@
+#pragma once
+
+#include "common/ControlLock.h"
+#include "opdata/IoMonitorView.h"
+#include "opdata/OpDataState.h"
+#include "opdata/OpDataView.h"
+
+#include <QHash>
+#include <QStringList>
+
+// Stand-ins for the widgets the operation data sequences drive. Each records
+// what it was asked to do, in order, so tests can check the enabling around
+// a command and what reached the screen.
+
+class RecordingLock : public ControlLock {
+public:
+    void CMDBTN_Muko() override { calls << QStringLiteral("CMDBTN_Muko"); }
+    void CMDBTN_Yuko() override { calls << QStringLiteral("CMDBTN_Yuko"); }
+    void Menyu_Muko() override { calls << QStringLiteral("Menyu_Muko"); }
+    void Menyu_Yuko() override { calls << QStringLiteral("Menyu_Yuko"); }
+    void HOMEBTN_Muko() override { calls << QStringLiteral("HOMEBTN_Muko"); }
+    void HOMEBTN_Yuko() override { calls << QStringLiteral("HOMEBTN_Yuko"); }
+    void MoveCMDBTN_Muko() override { calls << QStringLiteral("MoveCMDBTN_Muko"); }
+    void MoveCMDBTN_Yuko() override { calls << QStringLiteral("MoveCMDBTN_Yuko"); }
+    void setTabsEnabled(bool on) override { calls << (on ? QStringLiteral("tabs on") : QStringLiteral("tabs off")); }
+
+    QStringList calls;
+};
+
+class RecordingProgress : public ProgressDisplay {
+public:
+    void Disp_ProgressBar(int maximum) override { calls << QStringLiteral("bar %1").arg(maximum); }
+    void setProgress(int value) override { calls << QStringLiteral("bar = %1").arg(value); }
+    void Hide_ProgressBar() override { calls << QStringLiteral("bar hidden"); }
+    void showTransfer(const QString& text, int maximum) override
+    {
+        calls << QStringLiteral("window %1 %2").arg(text).arg(maximum);
+    }
+    void setTransferProgress(int value) override { calls << QStringLiteral("window = %1").arg(value); }
+    void hideTransfer() override { calls << QStringLiteral("window hidden"); }
+
+    QStringList calls;
+};
+
+class FakeOpDataView : public OpDataView {
+public:
+    explicit FakeOpDataView(const OpDataState& state) : m_state(state) {}
+
+    OpDataScreen screen() const override { return shown; }
+    void showScreen(const OpDataScreen& screen) override
+    {
+        shown = screen;
+        ++showCount;
+        eventsOffWhileShown = eventsOffWhileShown && m_state.mEventsOff;
+    }
+    void setSpeedChoiceEnabled(bool on) override { calls << QStringLiteral("comboVEL %1").arg(on); }
+    void setHomeEnabled(bool on) override { calls << QStringLiteral("cmdHOME %1").arg(on); }
+    void setResetEnabled(bool on) override { calls << QStringLiteral("cmdRESET %1").arg(on); }
+
+    OpDataScreen shown;
+    int showCount = 0;
+    bool eventsOffWhileShown = true;   // every load happened with mEventsOff set
+    QStringList calls;
+
+private:
+    const OpDataState& m_state;
+};
+
+class FakeIoView : public IoMonitorView {
+public:
+    void setLamp(IoLamp lamp, bool on) override { lamps[IoBits::objectName(lamp)] = on; }
+    void setMonitorCaption(const QString& text) override { caption = text; }
+    void setOtherCommandsEnabled(bool on) override { othersEnabled = on; }
+
+    QStringList lit() const
+    {
+        QStringList out;
+        for (IoLamp lamp : AllIoLamps)
+            if (lamps.value(IoBits::objectName(lamp)))
+                out << IoBits::objectName(lamp);
+        return out;
+    }
+
+    QHash<QString, bool> lamps;
+    QString caption;
+    bool othersEnabled = true;
+};
+
+// A screen with the example data: speed choice 30, VEL 9000, ACC 1,
+// 12 divisions, gear 1, CW.
+inline OpDataScreen exampleScreen()
+{
+    OpDataScreen s;
+    s.comboVEL = QStringLiteral("30");
+    s.comboACC = QStringLiteral("1");
+    s.txtVEL = QStringLiteral("9000");
+    s.txtACC = QStringLiteral("1");
+    s.txtDIVISION = QStringLiteral("12");
+    s.txtGEAR = QStringLiteral("1");
+    s.optCW = true;
+    return s;
+}
