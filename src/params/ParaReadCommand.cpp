@@ -1,0 +1,67 @@
+#include "params/ParaReadCommand.h"
+
+#include "common/ControlLock.h"
+#include "common/MessageTable.h"
+#include "common/ProgramState.h"
+#include "common/RuntimeError.h"
+#include "device/DeviceList.h"
+#include "link/Link.h"
+#include "link/Prompter.h"
+#include "link/SequenceContext.h"
+#include "params/ParaCtRead.h"
+#include "params/ParaData.h"
+#include "params/ParaFileCommands.h"
+#include "params/ParaScreen.h"
+#include "params/ParaScreenTransfer.h"
+#include "params/ParaValueCheck.h"
+#include "params/TakeCtParaImage.h"
+
+namespace {
+
+constexpr int CurrentNotShown = 4300;
+
+} // namespace
+
+ParaReadCommand::ParaReadCommand(SequenceContext& ctx, ParaData& data, DeviceList& devices)
+    : m_ctx(ctx), m_data(data), m_devices(devices)
+{
+}
+
+void ParaReadCommand::cmdParaRead_Click(ParaScreen& screen)
+{
+    m_ctx.lock.Menyu_Muko();
+    m_ctx.lock.ParaCMDBTN_Muko();
+    ProgramState::instance().gCommBusy = true;
+    GetParametaValue(screen);
+    ProgramState::instance().gCommBusy = false;
+    m_ctx.link.CloseCommPort();
+    m_ctx.lock.ParaCMDBTN_Yuko();
+    m_ctx.lock.Menyu_Yuko();
+}
+
+void ParaReadCommand::GetParametaValue(ParaScreen& screen)
+{
+    if (m_data.paraEdited && CheckParaInput(screen) == 1) {
+        const Prompter::Answer answer = m_ctx.prompter.ask(Msg(355), Prompter::Buttons::YesNoCancel,
+                                                           Prompter::Icon::Question);
+        if (answer == Prompter::Answer::Cancel)
+            return;
+        if (answer == Prompter::Answer::Yes)
+            ParaFileCommands(m_ctx.prompter, m_ctx.files).cmdSaveParaFile_Click(m_data, screen);
+    }
+    if (m_devices.ReadDeviceList(m_ctx.prompter) != 0) {
+        m_ctx.prompter.tell(Msg(356));
+        return;
+    }
+    if (ReadParaFromCt(m_ctx, m_data.image) != 0)
+        return;
+
+    TakeCtParaImage(m_data.image, m_data.set);
+    ParametaHyoji(m_data.set, screen);
+    m_data.paraEdited = false;
+    try {
+        GetSPdenryu(m_ctx, screen);
+    } catch (const RuntimeError&) {
+        m_ctx.prompter.tell(Msg(CurrentNotShown), Prompter::Icon::Exclamation);
+    }
+}

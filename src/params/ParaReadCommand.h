@@ -1,0 +1,31 @@
+#pragma once
+
+class DeviceList;
+struct ParaData;
+struct ParaScreen;
+struct SequenceContext;
+
+// "Read" on the parameter page (cmdParaRead): fetches the parameter blocks
+// from the controller and shows them.
+class ParaReadCommand {
+public:
+    ParaReadCommand(SequenceContext& ctx, ParaData& data, DeviceList& devices);
+
+    // Commands and menus off and the busy flag set around GetParametaValue;
+    // the port is closed afterwards unless it is kept occupied.
+    void cmdParaRead_Click(ParaScreen& screen);
+
+    // 1. Edited parameters with an empty box: message 355 offers to save
+    //    first (Yes: the save dialog, Cancel: no read).
+    // 2. The device list is read again; when it cannot be, message 356.
+    // 3. ReadParaFromCt; on failure the page stays as it was.
+    // 4. The image is taken into the set and shown, then the operating
+    //    current of an "SP" actuator is read. A current the display cannot
+    //    compute is reported (message 4300); the parameters stay shown.
+    void GetParametaValue(ParaScreen& screen);
+
+private:
+    SequenceContext& m_ctx;
+    ParaData& m_data;
+    DeviceList& m_devices;
+};
