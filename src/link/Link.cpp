@@ -98,11 +98,11 @@ Link::~Link() = default;
 bool Link::Private::openDevice(const QString& device)
 {
     if (device.isEmpty()) {
-        qCWarning(lcLink) << "no serial device for this port number";
+        qCInfo(lcLink) << "no serial device for this port number";
         return false;
     }
     if (!port.open(device, LineSettingsText)) {
-        qCWarning(lcLink) << "cannot open" << device << ":" << port.errorString();
+        qCInfo(lcLink) << "cannot open" << device << ":" << port.errorString();
         return false;
     }
     qCInfo(lcLink) << "opened" << device << LineSettingsText;

@@ -78,9 +78,13 @@ QString QtSerialPort::errorString() const
     return m_error.isEmpty() ? m_port->errorString() : m_error;
 }
 
+// A device that is gone keeps reporting read errors (a hung-up line first
+// reports failed reads, an unplugged adapter a resource error); the port is
+// closed at the first one so that nothing spins on it.
 void QtSerialPort::onError(QSerialPort::SerialPortError error)
 {
-    if (error != QSerialPort::ResourceError || !m_port->isOpen())
+    const bool gone = error == QSerialPort::ResourceError || error == QSerialPort::ReadError;
+    if (!gone || !m_port->isOpen())
         return;
     m_error = m_port->errorString();
     qCWarning(lcLink) << "serial device" << m_port->portName() << "lost:" << m_error;

@@ -1,0 +1,175 @@
+#include "LinkRig.h"
+
+#include "common/DataFiles.h"
+#include "common/MessageTable.h"
+
+#include <QSet>
+#include <QTest>
+
+namespace {
+
+QByteArray listOf(int count, int pairs)
+{
+    QByteArray content = QByteArray::number(count) + "\r\n";
+    for (int i = 1; i <= pairs; ++i)
+        content += "\"K" + QByteArray::number(i) + "\",\"text " + QByteArray::number(i) + "\"\r\n";
+    return content;
+}
+
+const QString MissingListText = QStringLiteral(
+    "A list does not have the corresponding Error No.\r\n"
+    "To indicate error contents,install Error list in same folder as program file.");
+
+} // namespace
+
+class TestErrorList : public QObject {
+    Q_OBJECT
+
+private slots:
+    void reading_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<bool>("read");
+        QTest::addColumn<int>("entries");
+        QTest::newRow("count then pairs")
+            << QByteArray("2\r\n\"11\",\"Unknown, really.\"\r\n03,Homing refused\r\n") << true << 2;
+        QTest::newRow("pairs on one line") << QByteArray("2,\"11\",\"a\",\"12\",\"b\"") << true << 2;
+        QTest::newRow("empty list") << QByteArray("0\r\n") << true << 0;
+        QTest::newRow("forty entries") << listOf(40, 40) << true << 40;
+        QTest::newRow("forty-one entries") << listOf(41, 41) << false << 0;
+        QTest::newRow("count above forty") << listOf(41, 40) << false << 0;
+        QTest::newRow("file ends early") << listOf(3, 2) << false << 0;
+        QTest::newRow("count not a number") << QByteArray("many\r\n\"11\",\"a\"\r\n") << false << 0;
+        QTest::newRow("empty file") << QByteArray() << false << 0;
+    }
+    void reading()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(bool, read);
+        QFETCH(int, entries);
+        LinkRig rig;
+        QCOMPARE(rig.loadErrors(content), read);
+        QCOMPARE(rig.errors.missing(), !read);
+        QCOMPARE(int(rig.errors.entries().size()), entries);
+    }
+
+    void keysAreText()
+    {
+        LinkRig rig;
+        QVERIFY(rig.loadErrors("3\r\n\"03\",\"first\"\r\n3,\"second\"\r\n\"03\",\"third\"\r\n"));
+        QCOMPARE(rig.errors.find(QStringLiteral("03"))->text, QStringLiteral("first"));
+        QCOMPARE(rig.errors.find(QStringLiteral("3"))->text, QStringLiteral("second"));
+        QVERIFY(!rig.errors.find(QStringLiteral("003")));
+    }
+
+    void startUpReadsTheListOfTheLanguage_data()
+    {
+        QTest::addColumn<int>("msgBase");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("Japanese") << 0 << "日本語";
+        QTest::newRow("English") << 10000 << "English";
+    }
+    void startUpReadsTheListOfTheLanguage()
+    {
+        QFETCH(int, msgBase);
+        QFETCH(QString, text);
+        LinkRig rig;
+        ProgramState::instance().gMsgBase = msgBase;
+        DataFiles::setProgramFolder(rig.dir.path());
+        for (const auto& [name, entry] : {std::pair{"errorjpn.lst", "日本語"}, std::pair{"erroreng.lst", "English"}}) {
+            QFile file(rig.dir.filePath(QString::fromUtf8(name)));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write("1\r\n\"11\",\"" + QByteArray(entry) + "\"\r\n");
+        }
+
+        QCOMPARE(rig.errors.Get_ErrorList(rig.prompter), 0);
+
+        DataFiles::setProgramFolder({});
+        QCOMPARE(rig.errors.find(QStringLiteral("11"))->text, text);
+        QVERIFY(rig.prompter.shown.isEmpty());
+    }
+
+    void startUpWithoutList()
+    {
+        LinkRig rig;
+        DataFiles::setProgramFolder(rig.dir.path());
+        QCOMPARE(rig.errors.Get_ErrorList(rig.prompter), 1);
+        DataFiles::setProgramFolder({});
+        QVERIFY(rig.errors.missing());
+        QCOMPARE(rig.prompter.texts(), QStringList{MissingListText});
+    }
+
+    // The key is the first and last character of the code.
+    void errorCheck_data()
+    {
+        QTest::addColumn<QString>("reply");
+        QTest::addColumn<bool>("found");
+        QTest::addColumn<QString>("status");
+        QTest::newRow("in the list") << "0%%101\r\n" << true << "Unknown command.";
+        QTest::newRow("middle character ignored") << "0%%1Z1\r\n" << true << "Unknown command.";
+        QTest::newRow("letter in the middle") << "0%%0B3\r\n" << true << "Homing refused.";
+        QTest::newRow("not in the list") << "0%%999\r\n" << false << "No error information in the error List";
+        QTest::newRow("short line") << "0%%1\r\n" << false << "No error information in the error List";
+    }
+    void errorCheck()
+    {
+        QFETCH(QString, reply);
+        QFETCH(bool, found);
+        QFETCH(QString, status);
+        LinkRig rig;
+        rig.link.gReply = reply;
+
+        rig.link.ErrorCheck();
+
+        QCOMPARE(rig.link.gErrorFound, found);
+        QVERIFY(rig.alarms.alarm);
+        QCOMPARE(rig.alarms.status, status);
+        QVERIFY(rig.prompter.shown.isEmpty());
+    }
+
+    void errorCheckWithoutList()
+    {
+        LinkRig rig;
+        QVERIFY(!rig.loadErrors("2\r\n\"11\",\"a\"\r\n"));
+        rig.link.gErrorFound = true;
+        rig.link.gReply = QStringLiteral("0%%101\r\n");
+
+        rig.link.ErrorCheck();
+
+        QVERIFY(!rig.link.gErrorFound);
+        QCOMPARE(rig.prompter.texts(), QStringList{MissingListText});
+        QCOMPARE(rig.alarms.changes, 0);
+        QCOMPARE(rig.alarms.status, QString());
+    }
+
+    // The shipped lists name every code the controller sends, once.
+    void shippedLists_data()
+    {
+        QTest::addColumn<int>("msgBase");
+        QTest::newRow("Japanese") << 0;
+        QTest::newRow("English") << 10000;
+    }
+    void shippedLists()
+    {
+        QFETCH(int, msgBase);
+        LinkRig rig;
+        ProgramState::instance().gMsgBase = msgBase;
+        QCOMPARE(rig.errors.Get_ErrorList(rig.prompter), 0);
+
+        QSet<QString> keys;
+        for (const ErrorList::Entry& entry : rig.errors.entries()) {
+            QVERIFY2(!keys.contains(entry.key), qPrintable(entry.key));
+            QVERIFY(!entry.text.trimmed().isEmpty());
+            keys.insert(entry.key);
+        }
+        for (const char* code : {"101", "102", "103", "104", "201", "0B3", "301", "302", "303"}) {
+            rig.link.gReply = QStringLiteral("0%%") + QLatin1String(code) + QStringLiteral("\r\n");
+            rig.link.ErrorCheck();
+            QVERIFY2(rig.link.gErrorFound, code);
+            QVERIFY2(rig.link.gErrorText.contains(QLatin1String(code)), code);
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(TestErrorList)
+#include "tst_errorlist.moc"

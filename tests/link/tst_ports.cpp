@@ -1,0 +1,315 @@
+#include "LinkRig.h"
+
+#include "link/LineSettings.h"
+#include "link/PortNaming.h"
+#include "link/QtSerialPort.h"
+#include "shell/Settings.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <fcntl.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+namespace {
+
+// The controller end of a pseudo-terminal; the port under test opens the
+// other end by its device name.
+class PtyController {
+public:
+    PtyController()
+    {
+        m_fd = posix_openpt(O_RDWR | O_NOCTTY);
+        if (m_fd >= 0 && grantpt(m_fd) == 0 && unlockpt(m_fd) == 0)
+            m_device = QString::fromLocal8Bit(ptsname(m_fd));
+    }
+    ~PtyController() { hangUp(); }
+
+    QString device() const { return m_device; }
+    void send(const QByteArray& bytes) { QVERIFY(::write(m_fd, bytes.data(), bytes.size()) == bytes.size()); }
+    QByteArray receive(qsizetype count)
+    {
+        QByteArray out;
+        fcntl(m_fd, F_SETFL, fcntl(m_fd, F_GETFL) | O_NONBLOCK);
+        for (int tries = 0; tries < 200 && out.size() < count; ++tries) {
+            char buffer[256];
+            const ssize_t n = ::read(m_fd, buffer, sizeof buffer);
+            if (n > 0)
+                out.append(buffer, n);
+            else
+                QTest::qWait(5);
+        }
+        return out;
+    }
+    void hangUp()
+    {
+        if (m_fd >= 0)
+            ::close(m_fd);
+        m_fd = -1;
+    }
+
+private:
+    int m_fd = -1;
+    QString m_device;
+};
+
+} // namespace
+
+class TestPorts : public QObject {
+    Q_OBJECT
+
+private slots:
+    void lineSettings_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("valid");
+        QTest::addColumn<int>("baud");
+        QTest::addColumn<int>("parity");
+        QTest::addColumn<int>("dataBits");
+        QTest::addColumn<int>("stopBits");
+        QTest::newRow("the controller's line") << "9600,N,8,1" << true << 9600
+                                               << int(QSerialPort::NoParity) << 8 << int(QSerialPort::OneStop);
+        QTest::newRow("even parity, two stop bits") << "19200,e,7,2" << true << 19200
+                                                    << int(QSerialPort::EvenParity) << 7 << int(QSerialPort::TwoStop);
+        QTest::newRow("blanks around fields") << " 9600 , O , 8 , 1.5 " << true << 9600
+                                              << int(QSerialPort::OddParity) << 8 << int(QSerialPort::OneAndHalfStop);
+        QTest::newRow("unknown parity") << "9600,X,8,1" << false << 0 << 0 << 0 << 0;
+        QTest::newRow("nine data bits") << "9600,N,9,1" << false << 0 << 0 << 0 << 0;
+        QTest::newRow("missing field") << "9600,N,8" << false << 0 << 0 << 0 << 0;
+        QTest::newRow("baud not a number") << "fast,N,8,1" << false << 0 << 0 << 0 << 0;
+    }
+    void lineSettings()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, valid);
+        const auto settings = LineSettings::parse(text);
+        QCOMPARE(settings.has_value(), valid);
+        if (!valid)
+            return;
+        QTEST(int(settings->baudRate), "baud");
+        QTEST(int(settings->parity), "parity");
+        QTEST(int(settings->dataBits), "dataBits");
+        QTEST(int(settings->stopBits), "stopBits");
+    }
+
+    void portNumbering_data()
+    {
+        QTest::addColumn<QStringList>("locations");
+        QTest::addColumn<QStringList>("ordered");
+        QTest::newRow("USB adapters, modems, on-board ports, others")
+            << QStringList{"/dev/ttyS0", "/dev/rfcomm0", "/dev/ttyACM0", "/dev/ttyUSB1", "/dev/ttyUSB0"}
+            << QStringList{"/dev/ttyUSB0", "/dev/ttyUSB1", "/dev/ttyACM0", "/dev/ttyS0", "/dev/rfcomm0"};
+        QTest::newRow("numbers compare as numbers")
+            << QStringList{"/dev/ttyUSB10", "/dev/ttyUSB2", "/dev/ttyS11", "/dev/ttyS3"}
+            << QStringList{"/dev/ttyUSB2", "/dev/ttyUSB10", "/dev/ttyS3", "/dev/ttyS11"};
+        QTest::newRow("a name that only starts like a group")
+            << QStringList{"/dev/ttySAC0", "/dev/ttyS1"}
+            << QStringList{"/dev/ttyS1", "/dev/ttySAC0"};
+    }
+    void portNumbering()
+    {
+        QFETCH(QStringList, locations);
+        QFETCH(QStringList, ordered);
+        QCOMPARE(PortNaming::ordered(locations), ordered);
+        for (int n = 1; n <= ordered.size(); ++n)
+            QCOMPARE(PortNaming::deviceFor(n, locations), ordered[n - 1]);
+        QVERIFY(PortNaming::deviceFor(0, locations).isEmpty());
+        QVERIFY(PortNaming::deviceFor(int(ordered.size()) + 1, locations).isEmpty());
+    }
+
+    void storedDeviceName()
+    {
+        TempSettings settings;
+        QVERIFY(PortNaming::storedName().isEmpty());
+        PortNaming::storeName(QStringLiteral(" /dev/ttyUSB3 "));
+        QCOMPARE(PortNaming::storedName(), QStringLiteral("/dev/ttyUSB3"));
+    }
+
+    // A number outside 1..9 is read again from the setting, and the value
+    // read is used as it stands.
+    void openRereadsPortNumber_data()
+    {
+        QTest::addColumn<int>("inMemory");
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<QString>("device");
+        QTest::addColumn<int>("portNoAfter");
+        QTest::newRow("in range") << 5 << "3" << "port5" << 5;
+        QTest::newRow("0 is read again") << 0 << "3" << "port3" << 3;
+        QTest::newRow("10 is read again") << 10 << "4" << "port4" << 4;
+        QTest::newRow("a stored 10 is used") << 10 << "10" << "port10" << 10;
+        QTest::newRow("nothing stored gives 1") << -1 << "" << "port1" << 1;
+    }
+    void openRereadsPortNumber()
+    {
+        QFETCH(int, inMemory);
+        QFETCH(QString, stored);
+        QFETCH(QString, device);
+        QFETCH(int, portNoAfter);
+        LinkRig rig;
+        if (!stored.isEmpty())
+            Settings::writeText(QStringLiteral("PortNo"), stored);
+        ProgramState::instance().gPortNo = qint16(inMemory);
+
+        QCOMPARE(rig.link.OpenCommPort(), 0);
+
+        QCOMPARE(rig.port.opened, QStringList{device});
+        QCOMPARE(int(ProgramState::instance().gPortNo), portNoAfter);
+        QCOMPARE(rig.port.lastSettings, QStringLiteral("9600,N,8,1"));
+    }
+
+    void storedTenThatCannotOpen()
+    {
+        LinkRig rig;
+        Settings::writeText(QStringLiteral("PortNo"), QStringLiteral("10"));
+        ProgramState::instance().gPortNo = 0;
+        rig.port.refuse(QStringLiteral("port10"));
+
+        QCOMPARE(rig.link.OpenCommPort(), 1);
+        QCOMPARE(rig.prompter.texts(), QStringList{"Failed in opening of a communication port."});
+    }
+
+    void openPortIsReused()
+    {
+        LinkRig rig;
+        QCOMPARE(rig.link.OpenCommPort(), 0);
+        ProgramState::instance().gPortNo = 2;
+        QCOMPARE(rig.link.OpenCommPort(), 0);
+        QCOMPARE(rig.port.openAttempts, QStringList{"port1"});
+    }
+
+    void deviceNameReplacesNumber()
+    {
+        LinkRig rig;
+        rig.link.setPortName(QStringLiteral("/dev/pts/7"));
+        QCOMPARE(rig.link.OpenCommPort(), 0);
+        QCOMPARE(rig.port.opened, QStringList{"/dev/pts/7"});
+    }
+
+    void closeHonoursOccupy_data()
+    {
+        QTest::addColumn<bool>("occupy");
+        QTest::newRow("released") << false;
+        QTest::newRow("kept") << true;
+    }
+    void closeHonoursOccupy()
+    {
+        QFETCH(bool, occupy);
+        LinkRig rig;
+        ProgramState::instance().gPortOccupy = occupy;
+        QCOMPARE(rig.link.OpenCommPort(), 0);
+
+        rig.link.CloseCommPort();
+        QCOMPARE(rig.link.isPortOpen(), occupy);
+
+        rig.link.ClosePortNow();
+        QVERIFY(!rig.link.isPortOpen());
+    }
+
+    void trialOutsideScanRangeReadsSetting()
+    {
+        LinkRig rig;
+        Settings::writeText(QStringLiteral("PortNo"), QStringLiteral("6"));
+        QCOMPARE(rig.link.TryOpenPort(33), 0);
+        rig.link.ClosePortNow();
+        QCOMPARE(rig.link.TryOpenPort(0), 0);
+        QCOMPARE(rig.port.opened, (QStringList{"port6", "port6"}));
+        rig.link.ClosePortNow();
+        rig.port.setRefuseAll(true);
+        QCOMPARE(rig.link.TryOpenPort(32), 1);
+        QVERIFY(rig.prompter.shown.isEmpty());
+    }
+
+    void scanTriesEveryPortInOrder()
+    {
+        LinkRig rig;
+        for (int n = 1; n <= 32; ++n) {
+            if (n != 2 && n != 7)
+                rig.port.refuse(QStringLiteral("port%1").arg(n));
+        }
+        ProgramState::instance().gPortOccupy = true;
+        ProgramState::instance().gPortNo = 2;
+        QCOMPARE(rig.link.OpenCommPort(), 0);
+        rig.port.openAttempts.clear();
+
+        rig.link.ScanPorts();
+
+        QStringList expected;
+        for (int n = 1; n <= 32; ++n)
+            expected << QStringLiteral("port%1").arg(n);
+        QCOMPARE(rig.port.openAttempts, expected);
+        for (int n = 0; n <= 33; ++n)
+            QCOMPARE(rig.link.portAvailable(n), n == 2 || n == 7);
+        QVERIFY(!rig.link.isPortOpen());
+        const QStringList report = rig.link.scanReport();
+        QCOMPARE(report.size(), 32);
+        QCOMPARE(report[0], QStringLiteral("COM1のｵｰﾌﾟﾝに失敗!"));
+        QCOMPARE(report[1], QStringLiteral("COM2のｵｰﾌﾟﾝに成功!"));
+        QVERIFY(rig.prompter.shown.isEmpty());
+    }
+
+    void readPortSetting()
+    {
+        LinkRig rig;
+        rig.link.ReadPortSetting();
+        QCOMPARE(int(ProgramState::instance().gPortNo), 1);
+        Settings::writeText(QStringLiteral("PortNo"), QStringLiteral("12"));
+        rig.link.ReadPortSetting();
+        QCOMPARE(int(ProgramState::instance().gPortNo), 12);
+    }
+
+    void serialPortOnPseudoTerminal()
+    {
+        PtyController controller;
+        QVERIFY(!controller.device().isEmpty());
+        QtSerialPort port;
+        QVERIFY2(port.open(controller.device(), QStringLiteral("9600,N,8,1")),
+                 qPrintable(port.errorString()));
+        QVERIFY(port.isOpen());
+
+        QCOMPARE(port.write("0RV\r\n"), qint64(5));
+        QCOMPARE(controller.receive(5), QByteArray("0RV\r\n"));
+
+        QSignalSpy ready(&port, &SerialPort::readyRead);
+        controller.send("0RVK01100\r\n");
+        QByteArray got;
+        QTRY_VERIFY((got += port.readAll()).size() >= 11);
+        QCOMPARE(got, QByteArray("0RVK01100\r\n"));
+        QVERIFY(ready.size() >= 1);
+
+        controller.send("stale");
+        QTRY_VERIFY(port.bytesAvailable() > 0);
+        port.discardInput();
+        QCOMPARE(port.bytesAvailable(), qint64(0));
+
+        port.close();
+        QVERIFY(!port.isOpen());
+    }
+
+    void serialPortRefusesBadSettingsAndMissingDevice()
+    {
+        PtyController controller;
+        QtSerialPort port;
+        QVERIFY(!port.open(controller.device(), QStringLiteral("9600,Q,8,1")));
+        QVERIFY(!port.isOpen());
+        QVERIFY(port.errorString().contains(QStringLiteral("9600,Q,8,1")));
+        QVERIFY(!port.open(QStringLiteral("/dev/ktr-no-such-device"), QStringLiteral("9600,N,8,1")));
+        QVERIFY(!port.errorString().isEmpty());
+    }
+
+    void serialPortReportsLostDevice()
+    {
+        PtyController controller;
+        QtSerialPort port;
+        QVERIFY(port.open(controller.device(), QStringLiteral("9600,N,8,1")));
+        QSignalSpy lost(&port, &SerialPort::lost);
+
+        controller.hangUp();
+
+        QTRY_COMPARE(lost.size(), 1);
+        QVERIFY(!port.isOpen());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestPorts)
+#include "tst_ports.moc"
