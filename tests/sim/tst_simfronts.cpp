@@ -1,10 +1,15 @@
+#include "support/RawTerminalClient.h"
 #include "common/Waiter.h"
+#include "sim/PtyFront.h"
 #include "sim/SimController.h"
 #include "sim/SimSerialPort.h"
 
 #include <QElapsedTimer>
+#include <QSerialPort>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <sys/resource.h>
 
 class TestSimFronts : public QObject {
     Q_OBJECT
@@ -15,9 +20,34 @@ private slots:
     void closedPortLosesReplies();
     void discardInputDropsWaitingBytes();
     void pacedPortTakesLineTime();
+    void ptyAnswersARawClient();
+    void ptySurvivesClientsComingAndGoing();
+    void ptyIdlesWithoutCpu();
+    void pacedPtyTakesLineTime();
 };
 
 namespace {
+
+qint64 cpuMs()
+{
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return (usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * 1000
+        + (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1000;
+}
+
+QByteArray askSerialPort(QSerialPort& port, const QByteArray& request)
+{
+    QByteArray reply;
+    QObject context;
+    QObject::connect(&port, &QSerialPort::readyRead, &context, [&] {
+        reply += port.readAll();
+        Waiter::wake();
+    });
+    port.write(request + "\r\n");
+    Waiter::waitUntil([&] { return reply.endsWith("\r\n"); }, 1000);
+    return reply;
+}
 
 bool waitForLine(SimSerialPort& port, QByteArray& line, int timeoutMs = 1000)
 {
@@ -107,6 +137,83 @@ void TestSimFronts::pacedPortTakesLineTime()
     QCOMPARE(line.size(), 38);
     QVERIFY2(clock.elapsed() >= 39 && clock.elapsed() <= 50, QByteArray::number(clock.elapsed()));
     QVERIFY(spy.count() > 1);
+}
+
+void TestSimFronts::ptyAnswersARawClient()
+{
+    SimController controller;
+    PtyFront front(controller);
+    QString reason;
+    QVERIFY2(front.open(&reason), qPrintable(reason));
+    QVERIFY(front.devicePath().startsWith(QLatin1String("/dev/")));
+
+    RawTerminalClient client;
+    QVERIFY(client.open(front.devicePath()));
+    QCOMPARE(client.ask("0RV"), QByteArray("0RVK01100\r\n"));
+    // CR LF pass unchanged in both directions: the terminal is raw.
+    QCOMPARE(client.ask("0RD1"), QByteArray("0RD10202019000FFFF14001C4C0064000000\r\n"));
+}
+
+void TestSimFronts::ptySurvivesClientsComingAndGoing()
+{
+    SimController controller;
+    PtyFront front(controller);
+    QString reason;
+    QVERIFY(front.open(&reason));
+
+    for (int round = 0; round < 2; ++round) {
+        RawTerminalClient client;
+        QVERIFY(client.open(front.devicePath()));
+        QCOMPARE(client.ask("0RA"), QByteArray("0RA1\r\n"));
+        client.close();
+        // Give the front time to see that nobody has the device open.
+        Waiter::sleep(50);
+    }
+    // A serial-port client locks the device while it has it open; the
+    // next one must still get in after it closed.
+    for (int round = 0; round < 2; ++round) {
+        QSerialPort port(front.devicePath());
+        QVERIFY2(port.open(QIODevice::ReadWrite), qPrintable(port.errorString()));
+        QCOMPARE(askSerialPort(port, "0CM6"), QByteArray("0CM6\r\n"));
+        port.close();
+        Waiter::sleep(50);
+    }
+}
+
+void TestSimFronts::ptyIdlesWithoutCpu()
+{
+    SimController controller;
+    PtyFront front(controller);
+    QString reason;
+    QVERIFY(front.open(&reason));
+    {
+        RawTerminalClient client;
+        QVERIFY(client.open(front.devicePath()));
+        QCOMPARE(client.ask("0RA"), QByteArray("0RA1\r\n"));
+    }
+    // No client now: the front must sleep, not spin on the closed device.
+    const qint64 before = cpuMs();
+    Waiter::sleep(300);
+    QVERIFY2(cpuMs() - before < 60, QByteArray::number(cpuMs() - before));
+
+    RawTerminalClient client;
+    QVERIFY(client.open(front.devicePath()));
+    QCOMPARE(client.ask("0RA"), QByteArray("0RA1\r\n"));
+}
+
+void TestSimFronts::pacedPtyTakesLineTime()
+{
+    SimController controller;
+    PtyFront front(controller);
+    front.setPacing(true);
+    QString reason;
+    QVERIFY(front.open(&reason));
+    RawTerminalClient client;
+    QVERIFY(client.open(front.devicePath()));
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(client.ask("0RD2").size(), 38);
+    QVERIFY2(clock.elapsed() >= 39 && clock.elapsed() <= 55, QByteArray::number(clock.elapsed()));
 }
 
 QTEST_GUILESS_MAIN(TestSimFronts)

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+// Runs ktr-sim on a pseudo-terminal for end-to-end tests: starts it, reads
+// the device path it prints on its first line, and stops it with SIGTERM
+// (when destroyed at the latest).
+//
+//   SimProcess sim(KTRSIM_PATH);
+//   QVERIFY(sim.start({"--time-scale", "0.05"}));
+//   run ktrctl with {"--port", sim.devicePath(), ...};
+//   QCOMPARE(sim.stop(), 0);
+class SimProcess : public QObject {
+public:
+    explicit SimProcess(const QString& program, QObject* parent = nullptr);
+    ~SimProcess() override;
+
+    // Starts "program --pty --lang en <args>"; true once the device path is
+    // known. On failure the reason is in standardError().
+    bool start(const QStringList& args = {}, int timeoutMs = 5000);
+    QString devicePath() const { return m_devicePath; }
+
+    // Sends SIGTERM and waits; the exit code, or -1 when it did not end
+    // normally in time.
+    int stop(int timeoutMs = 5000);
+    bool isRunning() const { return m_process.state() != QProcess::NotRunning; }
+
+    QByteArray standardError();
+
+private:
+    bool waitForFinished(int timeoutMs);
+
+    QProcess m_process;
+    QString m_program;
+    QString m_devicePath;
+    QByteArray m_stdout;
+    QByteArray m_stderr;
+};
