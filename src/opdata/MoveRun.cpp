@@ -42,6 +42,8 @@ MoveRun::MoveRun(SequenceContext& ctx, MoveTestState& state, OpDataView& view, Q
     : QObject(parent), m_ctx(ctx), m_state(state), m_view(view)
 {
     Timer2.setSingleShot(true);
+    // The dwell is a timing the user set: not the 5% early a coarse timer may fire.
+    Timer2.setTimerType(Qt::PreciseTimer);
     connect(&Timer2, &QTimer::timeout, this, [this] {
         m_state.mDwellOver = true;
         Waiter::wake();

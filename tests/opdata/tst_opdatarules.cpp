@@ -3,7 +3,6 @@
 #include "opdata/CurrentEntry.h"
 #include "opdata/DivisionEntry.h"
 #include "opdata/GearEntry.h"
-#include "opdata/OpDataHyoji.h"
 #include "opdata/OpDataRecord.h"
 #include "opdata/OpDataTorikomi.h"
 #include "opdata/PosiTable.h"
@@ -41,7 +40,6 @@ private slots:
     void velOnGearChange();
     void speedChoiceFromVel_data();
     void speedChoiceFromVel();
-    void accelerationCopy();
 
     void divisionKeys_data();
     void divisionKeys();
@@ -65,7 +63,6 @@ private slots:
     void torikomiRefusesUnconvertible();
     void checkRefusesEmptyField_data();
     void checkRefusesEmptyField();
-    void hyojiAndChoicesAfterRead();
 
     void writeText();
     void writeTextKeepsSpares();
@@ -150,12 +147,6 @@ void TestOpDataRules::speedChoiceFromVel()
     QFETCH(QString, gear);
     QFETCH(OptText, choice);
     QCOMPARE(VelocityRules::SpeedChoiceFromVel(vel, gear), choice);
-}
-
-void TestOpDataRules::accelerationCopy()
-{
-    QCOMPARE(VelocityRules::AccOnClick(QStringLiteral("3"), false), text("3"));
-    QCOMPARE(VelocityRules::AccOnClick(QStringLiteral("3"), true), Unchanged);
 }
 
 void TestOpDataRules::divisionKeys_data()
@@ -427,32 +418,6 @@ void TestOpDataRules::checkRefusesEmptyField()
     QCOMPARE(prompter.shown[0].text, QStringLiteral("No data in the list.\r\n\r\nInput data and try it again."));
     QCOMPARE(prompter.shown[0].icon, Prompter::Icon::Exclamation);
     QVERIFY(!table[PosiTable::VEL].isValid());
-}
-
-void TestOpDataRules::hyojiAndChoicesAfterRead()
-{
-    PosiTable read;
-    read[PosiTable::VEL] = qint16(9000);
-    read[PosiTable::ACC] = qint16(2);
-    read[PosiTable::DIVISION] = qint16(12);
-    read[PosiTable::GEAR] = qint16(1);
-    OpDataScreen screen;
-    screen.optCW = false;
-
-    OpDataHyoji::PosiDataHyoji(read, screen);
-    QCOMPARE(screen.txtVEL, QStringLiteral("9000"));
-    QCOMPARE(screen.txtACC, QStringLiteral("2"));
-    QCOMPARE(screen.txtDIVISION, QStringLiteral("12"));
-    QCOMPARE(screen.txtGEAR, QStringLiteral("1"));
-    QVERIFY2(screen.optCW, "an empty direction shows as CW");
-
-    OpDataHyoji::ChoicesFromValues(screen);
-    QCOMPARE(screen.comboVEL, QStringLiteral("30"));
-    QCOMPARE(screen.comboACC, QStringLiteral("2"));
-
-    read[PosiTable::DIR] = qint16(1);
-    OpDataHyoji::PosiDataHyoji(read, screen);
-    QVERIFY(!screen.optCW);
 }
 
 void TestOpDataRules::writeText()
