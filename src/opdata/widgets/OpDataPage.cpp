@@ -96,6 +96,7 @@ QGroupBox* OpDataPage::buildEntryFrame()
     dirRow->addStretch();
 
     auto* g = new QGridLayout(Frame2);
+    g->setHorizontalSpacing(12);
     g->addWidget(caption(Frame2, "lblSpeed", 4031), 0, 0);
     g->addWidget(comboVEL, 0, 1);
     g->addWidget(caption(Frame2, "lblSpeedRange", 4032), 0, 2);
@@ -167,8 +168,10 @@ QWidget* OpDataPage::lampWithLabel(Lamp*& lamp, const char* name, int n, bool ou
     auto* cell = new QWidget(Frame4);
     lamp = new Lamp(output ? Lamp::Color::Orange : Lamp::Color::Green, cell);
     lamp->setObjectName(QString::fromLatin1(name));
-    QLabel* label = caption(cell, "", n);
+    lamp->setSizeInLines(2.0);
+    QLabel* label = new QLabel(cell);
     label->setObjectName(QStringLiteral("lbl") + QString::fromLatin1(name).mid(3));
+    CaptionLoader::setTag(label, n);
     label->setAlignment(Qt::AlignHCenter);
     if (output) {
         lamp->setClickable(true);
