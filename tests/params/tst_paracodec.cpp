@@ -1,0 +1,300 @@
+#include "ParaFixtures.h"
+
+#include "common/RuntimeError.h"
+#include "params/ActuatorSize.h"
+#include "params/CtParaImage.h"
+#include "params/ParaBlockCodec.h"
+#include "params/ParaEntries.h"
+#include "params/ParaMemoryMap.h"
+#include "params/SpCurrent.h"
+#include "params/TakeCtParaImage.h"
+
+#include "common/ProgramState.h"
+
+#include <QSet>
+#include <QTest>
+
+namespace {
+
+std::array<QString, 3> repliesWith(int block, int pos, const QString& digits)
+{
+    std::array<QString, 3> replies = Size28Replies();
+    replies.at(size_t(block)).replace(pos - 1, digits.size(), digits);
+    return replies;
+}
+
+} // namespace
+
+class TestParaCodec : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { ProgramState::reset(); }
+
+    // Each block is covered exactly once, left to right, by its rows, and
+    // every image entry has at most one row.
+    void mapTilesEveryBlock()
+    {
+        QSet<int> entries;
+        std::array<int, 3> next{5, 5, 5};
+        for (const ParaMapRow& row : ParaMemoryMap()) {
+            QCOMPARE(row.pos, next.at(size_t(row.block)));
+            next.at(size_t(row.block)) += row.digits;
+            QVERIFY(!entries.contains(row.entry));
+            entries.insert(row.entry);
+        }
+        for (int end : next)
+            QCOMPARE(end, 37);
+        QCOMPARE(entries.size(), 38);
+    }
+
+    void readOfKnownBlocksGivesTheSet()
+    {
+        CtParaImage image;
+        DecodeParaBlocks(Size28Replies(), image);
+        QCOMPARE(image[MotorSizeEntry], QVariant(QStringLiteral("28")));
+        QCOMPARE(image[MotorLetterEntry], QVariant(QStringLiteral("L")));
+        QCOMPARE(image[MotorNumberEntry].toInt(), 100);
+        QCOMPARE(image[MotorCodeEntry], QVariant(QStringLiteral("28L100")));
+        QCOMPARE(image[36].toInt(), 0);
+        QCOMPARE(image[0], QVariant(QString()));
+        QCOMPARE(image[40], QVariant(QString()));
+
+        ParaSet set;
+        TakeCtParaImage(image, set);
+        QVERIFY(SameSet(set, Size28Set()));
+    }
+
+    void widestValues_data()
+    {
+        QTest::addColumn<int>("block");
+        QTest::addColumn<int>("pos");
+        QTest::addColumn<QString>("digits");
+        QTest::addColumn<int>("entry");
+        QTest::addColumn<double>("value");
+        QTest::newRow("OFFSET FFFF") << 0 << 5 << "FFFF" << 1 << 65535.0;
+        QTest::newRow("AXIS 6 digits 3FFFF") << 1 << 13 << "03FFFF" << 6 << 262143.0;
+        QTest::newRow("ETC value 2 FFFFFF") << 2 << 19 << "FFFFFF" << 18 << 16777215.0;
+        QTest::newRow("byte FF") << 2 << 35 << "FF" << 35 << 255.0;
+    }
+    void widestValues()
+    {
+        QFETCH(int, block);
+        QFETCH(int, pos);
+        QFETCH(QString, digits);
+        QFETCH(int, entry);
+        QFETCH(double, value);
+        CtParaImage image;
+        DecodeParaBlocks(repliesWith(block, pos, digits), image);
+        QCOMPARE(image[entry].toDouble(), value);
+    }
+
+    void motorCodePieces_data()
+    {
+        QTest::addColumn<QString>("digits");
+        QTest::addColumn<QString>("code");
+        QTest::newRow("size 35, letter E, number 7") << "2345" "0007" << "35E007";
+        QTest::newRow("special actuator") << "1444" "01F4" << "20D500";
+        QTest::newRow("number beyond three digits") << "1C4C" "03E8" << "28LX";
+    }
+    void motorCodePieces()
+    {
+        QFETCH(QString, digits);
+        QFETCH(QString, code);
+        CtParaImage image;
+        DecodeParaBlocks(repliesWith(1, 23, digits), image);
+        QCOMPARE(image[MotorCodeEntry].toString(), code);
+    }
+
+    void writeOfKnownSetGivesTheBlocks()
+    {
+        const auto blocks = EncodeParaBlocks(Size28Set());
+        const auto digits = Size28Digits();
+        for (int b = 0; b < 3; ++b)
+            QCOMPARE(blocks.at(size_t(b)), QString::number(b) + digits.at(size_t(b)));
+    }
+
+    // Block 1 bytes 9, 10 and 13: size number, type letter and size code.
+    void sizeFields_data()
+    {
+        QTest::addColumn<QString>("size");
+        QTest::addColumn<QString>("letter");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("28") << "28" << "L" << "1C" "4C" "00";
+        QTest::newRow("35") << "35" << "L" << "23" "4C" "01";
+        QTest::newRow("E35 sends 35 and E") << "E35" << "L" << "23" "45" "04";
+        QTest::newRow("42") << "42" << "L" << "2A" "4C" "02";
+        QTest::newRow("42 D") << "42" << "D" << "2A" "44" "05";
+        QTest::newRow("20 (SP)") << "20" << "L" << "14" "4C" "03";
+        QTest::newRow("unknown size") << "56" << "L" << "38" "4C" "00";
+        QTest::newRow("no letter") << "28" << "" << "1C" "00" "00";
+    }
+    void sizeFields()
+    {
+        QFETCH(QString, size);
+        QFETCH(QString, letter);
+        QFETCH(QString, expected);
+        ParaSet set = Size28Set();
+        set.axis.sizeText = size;
+        set.axis.letter = letter;
+        const QString block1 = EncodeParaBlocks(set)[1];
+        QCOMPARE(block1.mid(1 + 18, 4) + block1.mid(1 + 26, 2), expected);
+    }
+
+    // A value that does not fit its field is sent as "X" rather than cut.
+    void tooLargeValueSendsX()
+    {
+        ParaSet set = Size28Set();
+        set.etc.inpWid = 999;
+        set.home.offset = 70000;
+        const auto blocks = EncodeParaBlocks(set);
+        QCOMPARE(blocks[2].mid(1 + 20, 3), QStringLiteral("X05"));
+        QVERIFY(blocks[0].startsWith(QStringLiteral("0X70")));
+    }
+
+    void writeThenReadGivesTheSameSet()
+    {
+        ParaSet set = Size28Set();
+        set.home.offset = 0xABCD;
+        set.axis.axisValue = 262143;
+        set.axis.sizeText = QStringLiteral("42");
+        set.axis.letter = QStringLiteral("D");
+        set.axis.motorNumber = 7;
+        set.axis.motorCode = QStringLiteral("42D007");
+        set.reserved = {1, 2, 3, 4, 5, 6, 255};
+        const auto blocks = EncodeParaBlocks(set);
+        std::array<QString, 3> replies;
+        for (int b = 0; b < 3; ++b)
+            replies.at(size_t(b)) = ReadReply(b, blocks.at(size_t(b)).mid(1));
+        CtParaImage image;
+        DecodeParaBlocks(replies, image);
+        ParaSet back;
+        TakeCtParaImage(image, back);
+        QVERIFY(SameSet(back, set));
+    }
+
+    // Taking an image in also records, program-wide, how the device dialog
+    // opens, whether an encoder is fitted and the size the set was made for.
+    void takingTheImageSetsTheSelectionState_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<int>("function");
+        QTest::addColumn<QString>("size");
+        QTest::addColumn<bool>("dialogMode");
+        QTest::addColumn<bool>("known");
+        QTest::addColumn<bool>("setDone");
+        QTest::newRow("type 0") << 0 << 1 << "20" << true << false << false;
+        QTest::newRow("type 1") << 1 << 0 << "35" << true << true << false;
+        QTest::newRow("type 2") << 2 << 0 << "28" << false << false << true;
+        QTest::newRow("type 4") << 4 << 1 << "42" << false << false << true;
+    }
+    void takingTheImageSetsTheSelectionState()
+    {
+        QFETCH(int, type);
+        QFETCH(int, function);
+        QFETCH(QString, size);
+        QFETCH(bool, dialogMode);
+        QFETCH(bool, known);
+        QFETCH(bool, setDone);
+        CtParaImage image;
+        DecodeParaBlocks(Size28Replies(), image);
+        image[11] = type;
+        image[13] = function;
+        image[MotorSizeEntry] = size;
+        ParaSet set;
+        TakeCtParaImage(image, set);
+        const ProgramState& g = ProgramState::instance();
+        QCOMPARE(g.gDeviceDialogMode, dialogMode);
+        QCOMPARE(g.gDeviceKnown, known);
+        QCOMPARE(g.gDeviceSetDone, setDone);
+        QCOMPARE(g.gPgUse, function != 0);
+        QCOMPARE(g.gActSizeDefault, SizeDisplayText(size));
+    }
+
+    void entryThatDoesNotFitLeavesTheSet_data()
+    {
+        QTest::addColumn<int>("entry");
+        QTest::addColumn<QVariant>("value");
+        QTest::newRow("text for a number") << 3 << QVariant(QStringLiteral("fast"));
+        QTest::newRow("too large for 16 bits") << 19 << QVariant(40000.0);
+    }
+    void entryThatDoesNotFitLeavesTheSet()
+    {
+        QFETCH(int, entry);
+        QFETCH(QVariant, value);
+        CtParaImage image;
+        DecodeParaBlocks(Size28Replies(), image);
+        image[entry] = value;
+        ParaSet set;
+        set.home.offset = 4321;
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, TakeCtParaImage(image, set));
+        QCOMPARE(set.home.offset, 4321);
+    }
+
+    void spCurrentShown_data()
+    {
+        QTest::addColumn<QString>("raw");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("300") << "012C" << "2.16";
+        QTest::newRow("327, the largest") << "0147" << "2.17";
+        QTest::newRow("zero") << "0000" << "0.0";
+        QTest::newRow("FFFF is -1") << "FFFF" << "0.0";
+        QTest::newRow("-300") << "FED4" << "-2.-16";
+    }
+    void spCurrentShown()
+    {
+        QFETCH(QString, raw);
+        QFETCH(QString, shown);
+        const QString block7 = QString(12, u'0') + raw + QString(16, u'0');
+        QCOMPARE(SpCurrentFromBlock7(block7), shown);
+    }
+
+    // Beyond raw 327 the 16-bit products overflow: 1.5 A (2812) among them.
+    void spCurrentOverflows_data()
+    {
+        QTest::addColumn<QString>("raw");
+        QTest::newRow("328") << "0148";
+        QTest::newRow("1.5 A") << "0AFC";
+        QTest::newRow("3277") << "0CCD";
+    }
+    void spCurrentOverflows()
+    {
+        QFETCH(QString, raw);
+        try {
+            SpCurrentFromBlock7(QString(12, u'0') + raw + QString(16, u'0'));
+            QFAIL("no overflow");
+        } catch (const RuntimeError& e) {
+            QCOMPARE(e.kind(), RuntimeError::Kind::Overflow);
+        }
+    }
+
+    void spCurrentWritten_data()
+    {
+        QTest::addColumn<QString>("current");
+        QTest::addColumn<QString>("digits");
+        QTest::newRow("1.5 A: 2812.5 to even") << "1.5" << "0AFC";
+        QTest::newRow("0.0008 A: 1.5 to even") << "0.0008" << "0002";
+        QTest::newRow("2.0 A") << "2.0" << "0EA6";
+        QTest::newRow("0.") << "0." << "0000";
+        QTest::newRow("empty") << "" << "";
+        QTest::newRow("not a number") << "1.2.3" << "";
+        QTest::newRow("beyond 4 digits") << "35" << "";
+        QTest::newRow("negative") << "-1" << "";
+    }
+    void spCurrentWritten()
+    {
+        QFETCH(QString, current);
+        QFETCH(QString, digits);
+        const QString block7 = QStringLiteral("0123456789AB") + QStringLiteral("FFFF") + QString(16, u'C');
+        const std::optional<QString> written = SpCurrentToBlock7(block7, current);
+        if (digits.isEmpty()) {
+            QVERIFY(!written);
+            return;
+        }
+        QVERIFY(written);
+        QCOMPARE(*written, QStringLiteral("0123456789AB") + digits + QString(16, u'C'));
+    }
+};
+
+QTEST_APPLESS_MAIN(TestParaCodec)
+#include "tst_paracodec.moc"
