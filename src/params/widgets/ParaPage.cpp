@@ -41,19 +41,25 @@ QLabel* label(QWidget* parent, int n)
     return l;
 }
 
-// One row of a parameter group: name, control and, when given, its range.
+// One row of a parameter group: name, then the control with its range
+// beside it when it has one.
 void addRow(QGridLayout* g, int row, QWidget* group, int name, QWidget* control, int range = 0)
 {
-    g->addWidget(label(group, name), row, 0);
-    g->addWidget(control, row, 1, Qt::AlignLeft);
+    auto* value = new QHBoxLayout;
+    value->setSpacing(8);
+    value->addWidget(control);
     if (range > 0)
-        g->addWidget(label(group, range), row, 2);
+        value->addWidget(label(group, range));
+    value->addStretch();
+    g->addWidget(label(group, name), row, 0);
+    g->addLayout(value, row, 1);
 }
 
 QGridLayout* groupGrid(QGroupBox* group)
 {
     auto* g = new QGridLayout(group);
-    g->setColumnStretch(2, 1);
+    g->setHorizontalSpacing(12);
+    g->setColumnStretch(1, 1);
     return g;
 }
 
@@ -201,7 +207,7 @@ QGroupBox* ParaPage::buildSpecialGroup()
     addRow(g, 3, framSpecial, 4103, emg);
     addRow(g, 4, framSpecial, 4104, clear);
     g->setRowStretch(5, 1);
-    g->addWidget(chkTokuParaChange, 6, 0, 1, 3);
+    g->addWidget(chkTokuParaChange, 6, 0, 1, 2);
 
     for (QWidget* w : std::initializer_list<QWidget*>{txtPgCheckTimer, comboAutoHome, txtLsSerchTimer,
                                                       optEmgLogic_0, optEmgLogic_1,

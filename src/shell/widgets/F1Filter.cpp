@@ -1,0 +1,20 @@
+#include "shell/widgets/F1Filter.h"
+
+#include "shell/Settings.h"
+
+#include <QKeyEvent>
+
+bool F1Filter::eventFilter(QObject* watched, QEvent* event)
+{
+    const QEvent::Type type = event->type();
+    if (type != QEvent::KeyPress && type != QEvent::KeyRelease && type != QEvent::ShortcutOverride)
+        return QObject::eventFilter(watched, event);
+    if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1)
+        return false;
+    if (Settings::readInt(QStringLiteral("Languege"), 1) == 1)
+        return false;
+    // Accepting the override keeps F1 from reaching any shortcut; the key
+    // press that follows is swallowed here too.
+    event->accept();
+    return true;
+}

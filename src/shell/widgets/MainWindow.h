@@ -1,0 +1,126 @@
+#pragma once
+
+#include "shell/HelpModule.h"
+#include "shell/StartupOptions.h"
+#include "shell/widgets/AlarmLamps.h"
+#include "shell/widgets/DialogFileChooser.h"
+#include "shell/widgets/MainWindowLock.h"
+#include "shell/widgets/MessageBoxPrompter.h"
+
+#include <QMainWindow>
+
+#include <functional>
+
+class Lamp;
+class MainWindowProgress;
+class OpDataPage;
+class ParaPage;
+class QAction;
+class QLabel;
+class QMenu;
+class QProgressBar;
+class QStatusBar;
+class QTabWidget;
+
+// Steps of the window's life that other parts of the program provide when
+// they are wired in. An unset hook is skipped.
+struct MainWindowHooks {
+    std::function<void()> loadErrorList;   // Load: Get_ErrorList
+    std::function<void()> loadDeviceList;  // Load: LoadDeviceListAtStart (fills comboActSize)
+    std::function<void()> closePort;       // File, Exit: closes the port whatever PortOccupy says
+};
+
+// The main window (frmMain): menus, the two tabs (operation data and
+// parameters), the alarm lamps with the status label, and the status bar
+// with the transfer progress bar.
+//
+// Menu items that share a command with a button of a tab (Open, Save As,
+// Read from C/T, Write to C/T, Print) click that button, so a command is
+// connected once, to its button. mnuFileSave has no command of its own and
+// clicks the Save As button too.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit MainWindow(QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    // The Load steps: position, help menu, captions, error list, choice
+    // lists, tab captions, device list, initial choices.
+    void Form_Load();
+
+    // Where the link talks to: shown in the status bar and kept for the
+    // link wiring.
+    void setLinkTarget(const StartupOptions& options);
+    const StartupOptions& linkTarget() const { return m_linkTarget; }
+    void refreshPortLabel();
+
+    Prompter& prompter() { return m_prompter; }
+    ControlLock& lock() { return m_lock; }
+    ProgressDisplay& progress();
+    AlarmDisplay& alarms() { return *m_alarms; }
+    FileChooser& files() { return m_files; }
+
+    MainWindowHooks hooks;
+    HelpModule help;
+
+    // Set at the end of start-up: the parameter and the operation data
+    // displays must be refreshed from their data.
+    bool mParaDispRefresh = false;
+    bool mPosiDispRefresh = false;
+
+    QMenu* mnuFile;
+    QAction* mnuFileOpen;
+    QAction* mnuFileSave;
+    QAction* mnuFileSaveAs;
+    QAction* mnuFileGetfromCt;
+    QAction* mnuFileLoadtoCt;
+    QAction* mnuFilePrint;
+    QAction* mnuFileExit;
+    QMenu* mnuView;
+    QAction* mnuViewMoveEdit;
+    QAction* mnuViewPara;
+    QMenu* mnuCont;
+    QAction* mnuShowCtversion;
+    QMenu* mnuModeChange;
+    QAction* mnuOption;
+    QMenu* mnuHelp;
+    QAction* mnuHelpContents;
+    QAction* mnuHelpAbout;
+
+    QTabWidget* SSTab1;
+    OpDataPage* opData;
+    ParaPage* para;
+    Lamp* imgAlarmLed;
+    Lamp* imgAlarmGreen;
+    QLabel* lblstatus;
+    QStatusBar* sbStatusBar;
+    QProgressBar* ProgressBar1;
+    QLabel* lblPort;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildMenus();
+    QAction* menuItem(QMenu* menu, const char* name, int caption);
+    QMenu* menu(const char* name, int caption);
+    QWidget* buildAlarmRow();
+    void buildStatusBar();
+    void connectMenus();
+
+    void placeFromSettings();
+    void fillChoiceLists();
+    void selectFirstChoices();
+
+    void Form_Unload();
+    void mnuFileExit_Click();
+    void mnuHelpContents_Click();
+    void mnuHelpAbout_Click();
+
+    MessageBoxPrompter m_prompter;
+    DialogFileChooser m_files;
+    MainWindowLock m_lock;
+    std::unique_ptr<AlarmLamps> m_alarms;
+    MainWindowProgress* m_progress = nullptr;
+    StartupOptions m_linkTarget;
+};
