@@ -2,7 +2,6 @@
 
 #include "common/ControlLock.h"
 #include "common/MessageTable.h"
-#include "common/NumberText.h"
 #include "common/ProgramState.h"
 #include "link/CommandSet.h"
 #include "link/Link.h"
@@ -16,6 +15,8 @@
 #include "params/ParaValueCheck.h"
 #include "params/SpCurrent.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr int WriteSteps = 7;
@@ -24,7 +25,11 @@ constexpr int CurrentNotANumber = 4301;
 
 bool isHexDigits(const QString& digits, int count)
 {
-    return digits.size() == count && HexDigitsValue(digits) >= 0;
+    if (digits.size() != count)
+        return false;
+    return std::all_of(digits.cbegin(), digits.cend(), [](QChar c) {
+        return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'F');
+    });
 }
 
 } // namespace
