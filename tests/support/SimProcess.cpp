@@ -2,6 +2,8 @@
 
 #include "common/Waiter.h"
 
+#include <csignal>
+
 SimProcess::SimProcess(const QString& program, QObject* parent)
     : QObject(parent)
     , m_program(program)
@@ -39,11 +41,21 @@ bool SimProcess::start(const QStringList& args, int timeoutMs)
 
 int SimProcess::stop(int timeoutMs)
 {
-    if (!isRunning())
-        return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
-    m_process.terminate();
-    if (!waitForFinished(timeoutMs))
-        return -1;
+    return endWith(SIGTERM, timeoutMs);
+}
+
+int SimProcess::interrupt(int timeoutMs)
+{
+    return endWith(SIGINT, timeoutMs);
+}
+
+int SimProcess::endWith(int signal, int timeoutMs)
+{
+    if (isRunning()) {
+        ::kill(pid_t(m_process.processId()), signal);
+        if (!waitForFinished(timeoutMs))
+            return -1;
+    }
     return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
 }
 

@@ -24,14 +24,16 @@ public:
     bool start(const QStringList& args = {}, int timeoutMs = 5000);
     QString devicePath() const { return m_devicePath; }
 
-    // Sends SIGTERM and waits; the exit code, or -1 when it did not end
-    // normally in time.
+    // Sends SIGTERM (or SIGINT, as Ctrl-C does) and waits; the exit code,
+    // or -1 when it did not end normally in time.
     int stop(int timeoutMs = 5000);
+    int interrupt(int timeoutMs = 5000);
     bool isRunning() const { return m_process.state() != QProcess::NotRunning; }
 
     QByteArray standardError();
 
 private:
+    int endWith(int signal, int timeoutMs);
     bool waitForFinished(int timeoutMs);
 
     QProcess m_process;
