@@ -84,16 +84,16 @@ PrintSelectDialog::PrintSelectDialog(FileChooser& chooser, Prompter& prompter, Q
 
 void PrintSelectDialog::buildPositionRow()
 {
-    m_framPosi = control<QGroupBox>(this, "framPosi", PositionDataMsg);
-    place(m_framPosi, 240, 480, 5040, 1680);
-    optPrintPosi_0 = control<QRadioButton>(m_framPosi, "optPrintPosi_0", InsideOfGridMsg);
+    auto* framPosi = control<QGroupBox>(this, "framPosi", PositionDataMsg);
+    place(framPosi, 240, 480, 5040, 1680);
+    optPrintPosi_0 = control<QRadioButton>(framPosi, "optPrintPosi_0", InsideOfGridMsg);
     place(optPrintPosi_0, 240, 300, 4560, 300);
-    optPrintPosi_1 = control<QRadioButton>(m_framPosi, "optPrintPosi_1", FileMsg);
+    optPrintPosi_1 = control<QRadioButton>(framPosi, "optPrintPosi_1", FileMsg);
     place(optPrintPosi_1, 240, 660, 4560, 300);
-    lblPrintPosiName = control<QLabel>(m_framPosi, "lblPrintPosiName", PosiPlaceholderMsg);
+    lblPrintPosiName = control<QLabel>(framPosi, "lblPrintPosiName", PosiPlaceholderMsg);
     lblPrintPosiName->setWordWrap(true);
     place(lblPrintPosiName, 600, 1020, 2200, 480);
-    cmdSelectPosiFile = control<QPushButton>(m_framPosi, "cmdSelectPosiFile", BrowseMsg);
+    cmdSelectPosiFile = control<QPushButton>(framPosi, "cmdSelectPosiFile", BrowseMsg);
     place(cmdSelectPosiFile, 600 + ButtonFromLabel, 1080, 1200, 375);
     optPrintPosi_0->setChecked(true);
     connect(optPrintPosi_0, &QRadioButton::toggled, this, &PrintSelectDialog::optPrintPosi_Click);
@@ -104,6 +104,7 @@ void PrintSelectDialog::buildParameterRow()
 {
     auto* framPara = control<QGroupBox>(this, "framPara", 0);
     place(framPara, 240, 2880, 5040, 600);
+    // Nothing reads this row's choice, so the user never sees it.
     framPara->hide();
     optPrintPara = control<QRadioButton>(framPara, "optPrintPara", ParameterMsg);
     place(optPrintPara, 240, 180, 1320, 300);

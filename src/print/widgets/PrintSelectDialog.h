@@ -5,7 +5,6 @@
 
 class FileChooser;
 class Prompter;
-class QGroupBox;
 class QLabel;
 class QPushButton;
 class QRadioButton;
@@ -60,5 +59,4 @@ private:
 
     FileChooser& m_chooser;
     Prompter& m_prompter;
-    QGroupBox* m_framPosi = nullptr;
 };
