@@ -1,6 +1,7 @@
 #include "support/RawTerminalClient.h"
 #include "common/Waiter.h"
 #include "sim/PtyFront.h"
+#include "sim/SerialFront.h"
 #include "sim/SimController.h"
 #include "sim/SimSerialPort.h"
 
@@ -9,7 +10,11 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <QSocketNotifier>
+
+#include <fcntl.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 class TestSimFronts : public QObject {
     Q_OBJECT
@@ -24,6 +29,7 @@ private slots:
     void ptySurvivesClientsComingAndGoing();
     void ptyIdlesWithoutCpu();
     void pacedPtyTakesLineTime();
+    void serialFrontAnswersOnADevice();
 };
 
 namespace {
@@ -214,6 +220,43 @@ void TestSimFronts::pacedPtyTakesLineTime()
     clock.start();
     QCOMPARE(client.ask("0RD2").size(), 38);
     QVERIFY2(clock.elapsed() >= 39 && clock.elapsed() <= 55, QByteArray::number(clock.elapsed()));
+}
+
+void TestSimFronts::serialFrontAnswersOnADevice()
+{
+    // A pseudo-terminal stands in for the cable: the front opens its device
+    // side, the test talks on the other.
+    const int cable = posix_openpt(O_RDWR | O_NOCTTY);
+    QVERIFY(cable >= 0 && grantpt(cable) == 0 && unlockpt(cable) == 0);
+    fcntl(cable, F_SETFL, O_NONBLOCK);
+    QByteArray received;
+    QSocketNotifier notifier(cable, QSocketNotifier::Read);
+    connect(&notifier, &QSocketNotifier::activated, this, [&] {
+        char chunk[64];
+        ssize_t n;
+        while ((n = ::read(cable, chunk, sizeof chunk)) > 0)
+            received.append(chunk, n);
+        Waiter::wake();
+    });
+
+    SimController controller;
+    SerialFront front(controller);
+    QSignalSpy failed(&front, &SerialFront::failed);
+    connect(&front, &SerialFront::failed, this, [] { Waiter::wake(); });
+    QString reason;
+    QVERIFY2(front.open(QString::fromLocal8Bit(ptsname(cable)), &reason), qPrintable(reason));
+    QCOMPARE(::write(cable, "0RV\r\n", 5), ssize_t(5));
+    Waiter::waitUntil([&] { return received.endsWith("\r\n"); }, 1000);
+    QCOMPARE(received, QByteArray("0RVK01100\r\n"));
+
+    // Pulling the cable ends the front with a reason.
+    notifier.setEnabled(false);
+    ::close(cable);
+    QVERIFY(Waiter::waitUntil([&] { return failed.count() > 0; }, 1000) == Waiter::Result::Done);
+
+    SerialFront missing(controller);
+    QVERIFY(!missing.open(QStringLiteral("/dev/no-such-serial-device"), &reason));
+    QVERIFY(!reason.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestSimFronts)
