@@ -1,0 +1,6 @@
+#pragma once
+
+class CommandRegistry;
+
+// check, version, status, reset.
+void addLinkCommands(CommandRegistry& registry);
