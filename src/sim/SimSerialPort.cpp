@@ -2,6 +2,8 @@
 
 #include "sim/SimController.h"
 
+#include <utility>
+
 SimSerialPort::SimSerialPort(QObject* parent)
     : SimSerialPort(nullptr, parent)
 {

@@ -1,4 +1,5 @@
 #include "ControllerClient.h"
+#include "FactoryMemory.h"
 
 #include "sim/SimController.h"
 
@@ -7,15 +8,14 @@
 
 Q_DECLARE_METATYPE(SimFaults)
 
+using namespace FactoryMemory;
+
 namespace {
 
 CommandMatch match(const char* text)
 {
     return *CommandMatch::parse(QString::fromLatin1(text));
 }
-
-const QByteArray Block0 = "001E1E0A0A0A0003E8000A0A00000000";
-const QByteArray OtherBlock = "0123456789ABCDEF0123456789ABCDEF";
 
 } // namespace
 
@@ -31,8 +31,6 @@ private slots:
     void refusedRequestIsNotExecuted();
     void restartCutsTheReplyAndForgetsUnstoredData();
     void unsolicitedAlarmIsNotShaped();
-    void commandMatch_data();
-    void commandMatch();
 };
 
 void TestSimFaults::faultShapesTheReply_data()
@@ -174,39 +172,6 @@ void TestSimFaults::unsolicitedAlarmIsNotShaped()
     controller.raiseAlarm("301");
     QVERIFY(client.waitForLine());
     QCOMPARE(client.received, QByteArray("0%%301\r\n"));
-}
-
-void TestSimFaults::commandMatch_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("valid");
-    QTest::addColumn<QByteArray>("letters");
-    QTest::addColumn<bool>("matches");
-
-    QTest::newRow("all") << "all" << true << QByteArray("WP") << true;
-    QTest::newRow("ALL") << "ALL" << true << QByteArray("%C") << true;
-    QTest::newRow("one") << "RA" << true << QByteArray("RA") << true;
-    QTest::newRow("one, other") << "RA" << true << QByteArray("RD") << false;
-    QTest::newRow("lower case") << "ra" << true << QByteArray("RA") << true;
-    QTest::newRow("with station") << "0RV" << true << QByteArray("RV") << true;
-    QTest::newRow("list, second") << "RD, WD" << true << QByteArray("WD") << true;
-    QTest::newRow("old version form") << "%C" << true << QByteArray("%C") << true;
-    QTest::newRow("one letter") << "R" << false << QByteArray() << false;
-    QTest::newRow("empty item") << "RA," << false << QByteArray() << false;
-    QTest::newRow("too long") << "RAX" << false << QByteArray() << false;
-}
-
-void TestSimFaults::commandMatch()
-{
-    QFETCH(QString, text);
-    QFETCH(bool, valid);
-    QFETCH(QByteArray, letters);
-    QFETCH(bool, matches);
-
-    const auto m = CommandMatch::parse(text);
-    QCOMPARE(m.has_value(), valid);
-    if (valid)
-        QCOMPARE(m->matches(letters), matches);
 }
 
 QTEST_GUILESS_MAIN(TestSimFaults)

@@ -1,4 +1,5 @@
 #include "ControllerClient.h"
+#include "FactoryMemory.h"
 
 #include "common/ProgramState.h"
 #include "sim/SimController.h"
@@ -9,14 +10,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-namespace {
+using namespace FactoryMemory;
 
-const QByteArray Block0 = "001E1E0A0A0A0003E8000A0A00000000";
-const QByteArray Block1 = "0202019000FFFF14001C4C0064000000";
-const QByteArray Block7 = "0000000000000AFC0000000000000000";
-const QByteArray Record1 = "012C100000000C01";
-const QByteArray OtherBlock = "0123456789ABCDEF0123456789ABCDEF";
-const QByteArray OtherRecord = "2328100000000C01";
+namespace {
 
 QByteArray readFile(const QString& path)
 {
