@@ -30,9 +30,14 @@ std::optional<QString> message(int n)
     return MessageTable::instance().text(id);
 }
 
+// The number a text starts with; 0 when it does not start with a digit
+// (so "&Help" is no hexadecimal number here).
 int number(const QString& text)
 {
-    return RoundToInt16(LeadingNumber(text));
+    const QString t = text.trimmed();
+    if (t.isEmpty() || !t[0].isDigit())
+        return 0;
+    return RoundToInt16(LeadingNumber(t));
 }
 
 QTabWidget* tabWidgetOfPage(QWidget* page)

@@ -18,7 +18,8 @@ class QWidget;
 //   button, group box    property "tag"    -> text/title, when the number is > 0
 //   any widget           its tool-tip      -> tool-tip, when the number is > 0
 //
-// A number is the leading number of the text ("12" -> 12, "abc" -> 0). A
+// A number is the leading number of the text ("12" -> 12, "abc" -> 0,
+// "&Help" -> 0). A
 // missing message, a number out of range or a control without the property
 // leaves that control as it is and the loader goes on with the next one.
 class CaptionLoader {

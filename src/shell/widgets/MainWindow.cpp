@@ -302,12 +302,12 @@ void MainWindow::mnuFileExit_Click()
 
 void MainWindow::mnuHelpContents_Click()
 {
-    help.ShowHelpContents(m_prompter, Msg(414));
+    help.ShowHelpContents(prompter(), Msg(414));
 }
 
 void MainWindow::mnuHelpAbout_Click()
 {
-    AboutDialog about(m_prompter, this);
+    AboutDialog about(prompter(), this);
     about.Form_Load();
     about.move(frameGeometry().topLeft() + QPoint(Twips::toPixels(500), Twips::toPixels(500)));
     about.exec();

@@ -54,11 +54,16 @@ public:
     const StartupOptions& linkTarget() const { return m_linkTarget; }
     void refreshPortLabel();
 
-    Prompter& prompter() { return m_prompter; }
+    // The window's message boxes and file dialogs; tests put scripted ones
+    // in their place.
+    Prompter& prompter() { return *m_activePrompter; }
+    FileChooser& files() { return *m_activeFiles; }
+    void usePrompter(Prompter& prompter) { m_activePrompter = &prompter; }
+    void useFileChooser(FileChooser& files) { m_activeFiles = &files; }
+
     ControlLock& lock() { return m_lock; }
     ProgressDisplay& progress();
     AlarmDisplay& alarms() { return *m_alarms; }
-    FileChooser& files() { return m_files; }
 
     MainWindowHooks hooks;
     HelpModule help;
@@ -119,6 +124,8 @@ private:
 
     MessageBoxPrompter m_prompter;
     DialogFileChooser m_files;
+    Prompter* m_activePrompter = &m_prompter;
+    FileChooser* m_activeFiles = &m_files;
     MainWindowLock m_lock;
     std::unique_ptr<AlarmLamps> m_alarms;
     MainWindowProgress* m_progress = nullptr;
