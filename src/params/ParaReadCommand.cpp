@@ -19,6 +19,7 @@
 namespace {
 
 constexpr int CurrentNotShown = 4300;
+constexpr int ValueDoesNotFit = 4303;
 
 } // namespace
 
@@ -56,7 +57,12 @@ void ParaReadCommand::GetParametaValue(ParaScreen& screen)
     if (ReadParaFromCt(m_ctx, m_data.image) != 0)
         return;
 
-    TakeCtParaImage(m_data.image, m_data.set);
+    try {
+        TakeCtParaImage(m_data.image, m_data.set);
+    } catch (const RuntimeError&) {
+        m_ctx.prompter.tell(Msg(ValueDoesNotFit), Prompter::Icon::Exclamation);
+        return;
+    }
     ParametaHyoji(m_data.set, screen);
     m_data.paraEdited = false;
     try {

@@ -19,7 +19,9 @@ public:
     //    first (Yes: the save dialog, Cancel: no read).
     // 2. The device list is read again; when it cannot be, message 356.
     // 3. ReadParaFromCt; on failure the page stays as it was.
-    // 4. The image is taken into the set and shown, then the operating
+    // 4. The image is taken into the set and shown (a value too large for
+    //    its field, such as a motor number above 32767, is reported with
+    //    message 4303 and the page stays as it was), then the operating
     //    current of an "SP" actuator is read. A current the display cannot
     //    compute is reported (message 4300); the parameters stay shown.
     void GetParametaValue(ParaScreen& screen);

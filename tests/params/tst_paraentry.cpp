@@ -41,84 +41,59 @@ private slots:
         ProgramState::instance().gMsgBase = 10000;
     }
 
+    // Every range on both sides: just inside is accepted, just outside refused.
     void rangeLimits_data()
     {
         QTest::addColumn<Change>("change");
         QTest::addColumn<int>("expected");
-        auto row = [](const char* name, Change c, int expected) { QTest::newRow(name) << c << expected; };
-        row("OFFSET 1", [](ParaSet& s) { s.home.offset = 1; }, 0);
-        row("OFFSET 0", [](ParaSet& s) { s.home.offset = 0; }, 1);
-        row("OFFSET 65535", [](ParaSet& s) { s.home.offset = 65535; }, 0);
-        row("OFFSET 65536", [](ParaSet& s) { s.home.offset = 65536; }, 1);
-        row("HOME byte 0", [](ParaSet& s) { s.home.homeByte = 0; }, 1);
-        row("HOME byte 255", [](ParaSet& s) { s.home.homeByte = 255; }, 0);
-        row("HOME byte 256", [](ParaSet& s) { s.home.homeByte = 256; }, 1);
-        row("VEL 0", [](ParaSet& s) { s.home.vel = 0; }, 1);
-        row("VEL 60", [](ParaSet& s) { s.home.vel = 60; }, 0);
-        row("VEL 61", [](ParaSet& s) { s.home.vel = 61; }, 1);
-        row("OFSVEL 0", [](ParaSet& s) { s.home.ofsVel = 0; }, 1);
-        row("OFSVEL 61", [](ParaSet& s) { s.home.ofsVel = 61; }, 1);
-        row("HOME speed 0", [](ParaSet& s) { s.home.homeSpeed = 0; }, 1);
-        row("HOME speed 60", [](ParaSet& s) { s.home.homeSpeed = 60; }, 0);
-        row("HOME speed 61", [](ParaSet& s) { s.home.homeSpeed = 61; }, 1);
-        row("AXIS value -1", [](ParaSet& s) { s.axis.axisValue = -1; }, 1);
-        row("AXIS value 0", [](ParaSet& s) { s.axis.axisValue = 0; }, 0);
-        row("AXIS value 262143", [](ParaSet& s) { s.axis.axisValue = 262143; }, 0);
-        row("AXIS value 262144", [](ParaSet& s) { s.axis.axisValue = 262144; }, 1);
-        row("AXIS byte 0", [](ParaSet& s) { s.axis.axisByte = 0; }, 1);
-        row("AXIS byte 255", [](ParaSet& s) { s.axis.axisByte = 255; }, 0);
-        row("AXIS byte 256", [](ParaSet& s) { s.axis.axisByte = 256; }, 1);
-        row("PULSE 0", [](ParaSet& s) { s.axis.pulse = 0; }, 1);
-        row("PULSE 65535", [](ParaSet& s) { s.axis.pulse = 65535; }, 0);
-        row("PULSE 65536", [](ParaSet& s) { s.axis.pulse = 65536; }, 1);
-        row("AUTODRIVE -1", [](ParaSet& s) { s.axis.autoDrive = -1; }, 1);
-        row("AUTODRIVE 1", [](ParaSet& s) { s.axis.autoDrive = 1; }, 0);
-        row("AUTODRIVE 2", [](ParaSet& s) { s.axis.autoDrive = 2; }, 1);
-        row("type -1", [](ParaSet& s) { s.axis.actType = -1; }, 1);
-        row("type 4", [](ParaSet& s) { s.axis.actType = 4; }, 0);
-        row("type 5", [](ParaSet& s) { s.axis.actType = 5; }, 1);
-        row("motor number -1", [](ParaSet& s) { s.axis.motorNumber = -1; }, 1);
-        row("motor number 500", [](ParaSet& s) { s.axis.motorNumber = 500; }, 0);
-        row("motor number 501", [](ParaSet& s) { s.axis.motorNumber = 501; }, 1);
-        row("no motor code", [](ParaSet& s) { s.axis.motorCode.clear(); }, 1);
-        row("no size", [](ParaSet& s) { s.axis.sizeText.clear(); }, 1);
-        row("no letter", [](ParaSet& s) { s.axis.letter.clear(); }, 1);
-        row("FUNCTION 1", [](ParaSet& s) { s.pg.function = 1; }, 0);
-        row("FUNCTION 2", [](ParaSet& s) { s.pg.function = 2; }, 1);
-        row("FUNCTION -1", [](ParaSet& s) { s.pg.function = -1; }, 1);
-        row("ALM 0", [](ParaSet& s) { s.pg.alm = 0; }, 0);
-        row("ALM -1", [](ParaSet& s) { s.pg.alm = -1; }, 1);
-        row("ALM 65535", [](ParaSet& s) { s.pg.alm = 65535; }, 0);
-        row("ALM 65536", [](ParaSet& s) { s.pg.alm = 65536; }, 1);
-        row("HOME OUT 3", [](ParaSet& s) { s.etc.homeOut = 3; }, 0);
-        row("HOME OUT 4", [](ParaSet& s) { s.etc.homeOut = 4; }, 1);
-        row("HOME OUT -1", [](ParaSet& s) { s.etc.homeOut = -1; }, 1);
-        row("ETC flag 0", [](ParaSet& s) { s.etc.flag = 0; }, 0);
-        row("ETC flag 2", [](ParaSet& s) { s.etc.flag = 2; }, 1);
-        row("ETC percent 100", [](ParaSet& s) { s.etc.percent = 100; }, 0);
-        row("ETC percent 101", [](ParaSet& s) { s.etc.percent = 101; }, 1);
-        row("ETC percent -1", [](ParaSet& s) { s.etc.percent = -1; }, 1);
-        row("ETC selector 0", [](ParaSet& s) { s.etc.selector = 0; }, 0);
-        row("ETC selector 3", [](ParaSet& s) { s.etc.selector = 3; }, 1);
-        row("ETC value 1 262143", [](ParaSet& s) { s.etc.value1 = 262143; }, 0);
-        row("ETC value 1 262144", [](ParaSet& s) { s.etc.value1 = 262144; }, 1);
-        row("ETC value 2 -1", [](ParaSet& s) { s.etc.value2 = -1; }, 1);
-        row("ETC value 2 262144", [](ParaSet& s) { s.etc.value2 = 262144; }, 1);
-        row("IN-P WID unchecked", [](ParaSet& s) { s.etc.inpWid = 999; }, 0);
-        row("ETC byte unchecked", [](ParaSet& s) { s.etc.etcByte = 300; }, 0);
-        row("PG TIMER 255", [](ParaSet& s) { s.special.pgTimer = 255; }, 0);
-        row("PG TIMER 256", [](ParaSet& s) { s.special.pgTimer = 256; }, 1);
-        row("PG TIMER -1", [](ParaSet& s) { s.special.pgTimer = -1; }, 1);
-        row("LS TIMER 0", [](ParaSet& s) { s.special.lsTimer = 0; }, 0);
-        row("LS TIMER 256", [](ParaSet& s) { s.special.lsTimer = 256; }, 1);
-        row("AUTO HOME 2", [](ParaSet& s) { s.special.autoHome = 2; }, 1);
-        row("EMG LOGIC 1", [](ParaSet& s) { s.special.emgLogic = 1; }, 0);
-        row("EMG LOGIC 2", [](ParaSet& s) { s.special.emgLogic = 2; }, 1);
-        row("ALM1 CLEAR -1", [](ParaSet& s) { s.special.alm1Clear = -1; }, 1);
-        row("SPECIAL flag 2", [](ParaSet& s) { s.special.flag = 2; }, 1);
-        row("Reserved0 255", [](ParaSet& s) { s.reserved[0] = 255; }, 0);
-        row("Reserved3 256", [](ParaSet& s) { s.reserved[3] = 256; }, 1);
-        row("Reserved6 -1", [](ParaSet& s) { s.reserved[6] = -1; }, 1);
+        using Set = void (*)(ParaSet&, int);
+        struct Limit {
+            const char* name;
+            Set set;
+            int low;
+            int high;
+        };
+        const Limit limits[] = {
+            {"OFFSET", [](ParaSet& s, int v) { s.home.offset = v; }, 1, 65535},
+            {"HOME byte", [](ParaSet& s, int v) { s.home.homeByte = qint16(v); }, 1, 255},
+            {"VEL", [](ParaSet& s, int v) { s.home.vel = qint16(v); }, 1, 60},
+            {"OFSVEL", [](ParaSet& s, int v) { s.home.ofsVel = qint16(v); }, 1, 60},
+            {"HOME speed", [](ParaSet& s, int v) { s.home.homeSpeed = qint16(v); }, 1, 60},
+            {"AXIS value", [](ParaSet& s, int v) { s.axis.axisValue = v; }, 0, 262143},
+            {"AXIS byte", [](ParaSet& s, int v) { s.axis.axisByte = qint16(v); }, 1, 255},
+            {"PULSE", [](ParaSet& s, int v) { s.axis.pulse = v; }, 1, 65535},
+            {"AUTODRIVE", [](ParaSet& s, int v) { s.axis.autoDrive = qint16(v); }, 0, 1},
+            {"type", [](ParaSet& s, int v) { s.axis.actType = qint16(v); }, 0, 4},
+            {"motor number", [](ParaSet& s, int v) { s.axis.motorNumber = qint16(v); }, 0, 500},
+            {"FUNCTION", [](ParaSet& s, int v) { s.pg.function = qint16(v); }, 0, 1},
+            {"ALM", [](ParaSet& s, int v) { s.pg.alm = v; }, 0, 65535},
+            {"HOME OUT", [](ParaSet& s, int v) { s.etc.homeOut = qint16(v); }, 0, 3},
+            {"ETC flag", [](ParaSet& s, int v) { s.etc.flag = qint16(v); }, 0, 1},
+            {"ETC percent", [](ParaSet& s, int v) { s.etc.percent = qint16(v); }, 0, 100},
+            {"ETC selector", [](ParaSet& s, int v) { s.etc.selector = qint16(v); }, 0, 2},
+            {"ETC value 1", [](ParaSet& s, int v) { s.etc.value1 = v; }, 0, 262143},
+            {"ETC value 2", [](ParaSet& s, int v) { s.etc.value2 = v; }, 0, 262143},
+            {"PG TIMER", [](ParaSet& s, int v) { s.special.pgTimer = qint16(v); }, 0, 255},
+            {"AUTO HOME", [](ParaSet& s, int v) { s.special.autoHome = qint16(v); }, 0, 1},
+            {"LS TIMER", [](ParaSet& s, int v) { s.special.lsTimer = qint16(v); }, 0, 255},
+            {"EMG LOGIC", [](ParaSet& s, int v) { s.special.emgLogic = qint16(v); }, 0, 1},
+            {"ALM1 CLEAR", [](ParaSet& s, int v) { s.special.alm1Clear = qint16(v); }, 0, 1},
+            {"SPECIAL flag", [](ParaSet& s, int v) { s.special.flag = qint16(v); }, 0, 1},
+            {"Reserved0", [](ParaSet& s, int v) { s.reserved[0] = qint16(v); }, 0, 255},
+            {"Reserved6", [](ParaSet& s, int v) { s.reserved[6] = qint16(v); }, 0, 255},
+        };
+        for (const Limit& l : limits) {
+            const Set set = l.set;
+            for (int v : {l.low - 1, l.low, l.high, l.high + 1}) {
+                const int expected = v < l.low || v > l.high ? 1 : 0;
+                QTest::addRow("%s %d", l.name, v) << Change([set, v](ParaSet& s) { set(s, v); }) << expected;
+            }
+        }
+        QTest::newRow("no motor code") << Change([](ParaSet& s) { s.axis.motorCode.clear(); }) << 1;
+        QTest::newRow("no size") << Change([](ParaSet& s) { s.axis.sizeText.clear(); }) << 1;
+        QTest::newRow("no letter") << Change([](ParaSet& s) { s.axis.letter.clear(); }) << 1;
+        QTest::newRow("IN-P WID unchecked") << Change([](ParaSet& s) { s.etc.inpWid = 999; }) << 0;
+        QTest::newRow("ETC byte unchecked") << Change([](ParaSet& s) { s.etc.etcByte = 300; }) << 0;
     }
     void rangeLimits()
     {

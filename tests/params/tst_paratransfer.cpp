@@ -126,6 +126,19 @@ private slots:
         QCOMPARE(rig.data.set.axis.sizeText, QStringLiteral("20"));
     }
 
+    void motorNumberBeyond16Bits()
+    {
+        ParaRig rig;
+        rig.show(Size28Set());
+        std::array<QString, 3> digits = Size28Digits();
+        digits[1].replace(22, 4, QStringLiteral("8000"));
+        rig.answerReads(digits);
+        ParaReadCommand(rig.context, rig.data, rig.devices).GetParametaValue(rig.screen);
+        QCOMPARE(rig.prompter.texts(), QStringList{Msg(4303)});
+        QCOMPARE(rig.frames(), (QStringList{"0RD0", "0RD1", "0RD2"}));
+        QVERIFY(SameSet(rig.data.set, Size28Set()));
+    }
+
     void saveQuestionBeforeReading_data()
     {
         QTest::addColumn<bool>("edited");
