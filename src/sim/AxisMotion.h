@@ -25,7 +25,6 @@ public:
     void clearAlarm();
     void powerUp();
 
-    Status status() const { return m_status; }
     char statusDigit() const { return static_cast<char>(m_status); }
     bool moving() const { return m_status == Status::Moving; }
     bool alarm() const { return m_status == Status::Alarm; }

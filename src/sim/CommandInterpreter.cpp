@@ -75,7 +75,6 @@ void CommandInterpreter::setInputs(bool stb, bool stop)
 
 void CommandInterpreter::powerUp()
 {
-    m_mode = 0;
     m_out1 = false;
     m_out2 = false;
 }
@@ -84,10 +83,10 @@ QByteArray CommandInterpreter::setMode(const QByteArray& data)
 {
     if (const char* e = fieldError(data, 1))
         return refuse(e);
-    const int mode = HexField::value(data, 0, 1);
-    if (mode > 7)
+    // Modes 0 (normal) to 7 (I/O monitor) are acknowledged; none of them
+    // changes what the other commands do here.
+    if (HexField::value(data, 0, 1) > 7)
         return refuse(ControllerError::OutOfRange);
-    m_mode = mode;
     return "0CM" + data;
 }
 

@@ -22,11 +22,7 @@ public:
 
     void setTimeScale(double scale) { m_timeScale = scale; }
     void setInputs(bool stb, bool stop);
-    bool stbInput() const { return m_stb; }
-    bool stopInput() const { return m_stop; }
-    // Communication mode of "0CM" (7 I/O monitor, 6 check, 0 normal).
-    int mode() const { return m_mode; }
-    // Outputs off, mode 0.
+    // Outputs off.
     void powerUp();
 
 private:
@@ -54,7 +50,6 @@ private:
     ControllerMemory& m_memory;
     AxisMotion& m_axis;
     double m_timeScale = 1.0;
-    int m_mode = 0;
     bool m_stb = false;
     bool m_stop = false;
     bool m_out1 = false;

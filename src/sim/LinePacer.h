@@ -19,7 +19,6 @@ public:
     explicit LinePacer(QObject* parent = nullptr);
 
     void setEnabled(bool on) { m_enabled = on; }
-    bool enabled() const { return m_enabled; }
     void send(const QByteArray& bytes);
     // Forgets what has not gone out yet (the client went away).
     void clear();

@@ -28,7 +28,6 @@ public:
     bool useStateFile(const QString& path, QString* errorString);
     // Takes the faults, sets the inputs and arms the alarm they name.
     void setFaults(const SimFaults& faults);
-    const SimFaults& faults() const { return m_faults; }
 
     void receive(const QByteArray& bytes);
 
@@ -40,8 +39,6 @@ public:
     void restart();
 
     ControllerMemory& memory() { return m_memory; }
-    const AxisMotion& axis() const { return m_axis; }
-    const CommandInterpreter& interpreter() const { return m_interpreter; }
 
 signals:
     void output(const QByteArray& bytes);
