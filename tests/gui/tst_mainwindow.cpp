@@ -10,10 +10,8 @@
 #include "support/TempSettings.h"
 
 #include <QComboBox>
-#include <QDir>
 #include <QGroupBox>
 #include <QRadioButton>
-#include <QFile>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
@@ -48,15 +46,12 @@ private slots:
     void closingWhileBusyStopsTheSequenceFirst();
     void menuItemsClickTheirButtons_data();
     void menuItemsClickTheirButtons();
-    void viewMenuSwitchesTabs();
     void helpContentsWithoutHelpFile();
-    void helpContentsOpensIndex();
     void portLabel_data();
     void portLabel();
     void alarmLampsAndStatus();
 
 private:
-    QTemporaryDir* m_settingsDir = nullptr;
     TempSettings* m_settings = nullptr;
 };
 
@@ -383,15 +378,6 @@ void TestMainWindow::menuItemsClickTheirButtons()
     QCOMPARE(clicked, QStringList{button});
 }
 
-void TestMainWindow::viewMenuSwitchesTabs()
-{
-    MainWindow w;
-    w.Form_Load();
-    w.mnuViewPara->trigger();
-    QCOMPARE(w.SSTab1->currentWidget(), static_cast<QWidget*>(w.para));
-    w.mnuViewMoveEdit->trigger();
-    QCOMPARE(w.SSTab1->currentWidget(), static_cast<QWidget*>(w.opData));
-}
 
 void TestMainWindow::helpContentsWithoutHelpFile()
 {
@@ -407,24 +393,6 @@ void TestMainWindow::helpContentsWithoutHelpFile()
     QCOMPARE(prompter.shown[0].icon, Prompter::Icon::Information);
 }
 
-void TestMainWindow::helpContentsOpensIndex()
-{
-    QTemporaryDir folder;
-    QDir(folder.path()).mkpath("help");
-    QFile page(folder.filePath("help/index.html"));
-    QVERIFY(page.open(QIODevice::WriteOnly));
-    page.close();
-    MainWindow w;
-    ScriptedPrompter prompter;
-    w.usePrompter(prompter);
-    w.help.SetHelpFilePath(folder.path());
-    QList<QUrl> opened;
-    w.help.setOpener([&](const QUrl& url) { opened << url; return true; });
-    w.Form_Load();
-    w.mnuHelpContents->trigger();
-    QCOMPARE(opened.size(), 1);
-    QVERIFY(prompter.shown.isEmpty());
-}
 
 void TestMainWindow::portLabel_data()
 {

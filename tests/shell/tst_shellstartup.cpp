@@ -4,7 +4,6 @@
 #include "shell/Settings.h"
 #include "shell/StartupOptions.h"
 #include "shell/StartupSettings.h"
-#include "shell/Twips.h"
 #include "shell/VersionText.h"
 #include "support/TempSettings.h"
 
@@ -27,7 +26,6 @@ private slots:
     void versionText();
     void options_data();
     void options();
-    void twipsToPixels();
 };
 
 void TestShellStartup::languageDecision_data()
@@ -159,12 +157,6 @@ void TestShellStartup::options()
     QTEST(o.screenshotDir, "screenshots");
 }
 
-void TestShellStartup::twipsToPixels()
-{
-    QCOMPARE(Twips::toPixels(1000), 67);
-    QCOMPARE(Twips::toPixels(1500), 100);
-    QCOMPARE(Twips::toPixels(0), 0);
-}
 
 QTEST_APPLESS_MAIN(TestShellStartup)
 #include "tst_shellstartup.moc"

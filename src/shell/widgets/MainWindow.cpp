@@ -22,6 +22,7 @@
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTimer>
@@ -65,8 +66,11 @@ MainWindow::MainWindow(QWidget* parent)
     m_alarms = std::make_unique<AlarmLamps>(imgAlarmLed, imgAlarmGreen, lblstatus);
     m_progress = new MainWindowProgress(this, sbStatusBar, ProgressBar1);
     connectMenus();
-    // Room for both pages without scrolling, within a 1366 x 768 screen.
-    resize(qMax(1000, sizeHint().width()), sizeHint().height());
+    // Room for both pages without scrolling, never more than the screen.
+    QSize size(qMax(1000, sizeHint().width()), sizeHint().height());
+    if (const QScreen* s = screen())
+        size = size.boundedTo(s->availableSize());
+    resize(size);
 }
 
 MainWindow::~MainWindow() = default;
