@@ -77,7 +77,7 @@ AboutDialog::AboutDialog(Prompter& prompter, QWidget* parent)
     v->addLayout(top);
     v->addWidget(line);
     v->addLayout(bottom);
-    setFixedWidth(fontMetrics().averageCharWidth() * 58);
+    setFixedWidth(fontMetrics().height() * 28);
 
     connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
     connect(cmdSysInfo, &QPushButton::clicked, this, [this] { m_sysInfo.StartSysInfo(m_prompter); });
