@@ -51,9 +51,14 @@ void SeqReader::skipBlanks()
 // or a line end (CR, LF or CR LF).
 void SeqReader::skipDelimiter()
 {
+    m_afterComma = false;
     while (m_pos < m_text.size()) {
         const QChar c = m_text[m_pos++];
-        if (c == u',' || c == u'\n')
+        if (c == u',') {
+            m_afterComma = true;
+            return;
+        }
+        if (c == u'\n')
             return;
         if (c == u'\r') {
             if (m_pos < m_text.size() && m_text[m_pos] == u'\n')
@@ -65,6 +70,17 @@ void SeqReader::skipDelimiter()
 
 SeqReader::Item SeqReader::readItem()
 {
+    // A comma right before a line end (or the end) leaves an empty item
+    // there; elsewhere blank lines between items are skipped.
+    if (m_afterComma) {
+        while (m_pos < m_text.size() && (m_text[m_pos] == u' ' || m_text[m_pos] == u'\t'))
+            ++m_pos;
+        if (m_pos >= m_text.size() || m_text[m_pos] == u'\r' || m_text[m_pos] == u'\n') {
+            skipDelimiter();
+            m_afterComma = false;
+            return {};
+        }
+    }
     skipBlanks();
     if (m_pos >= m_text.size())
         throw RuntimeError(RuntimeError::Kind::InputPastEnd);

@@ -34,4 +34,5 @@ private:
 
     QString m_text;
     qsizetype m_pos = 0;
+    bool m_afterComma = false;
 };

@@ -29,6 +29,10 @@ private slots:
             << QByteArray("0,\"\",\"9000\"\r\n") << QStringList{"0", "", "9000"};
         QTest::newRow("empty bare item between commas")
             << QByteArray("1,,2\r\n") << QStringList{"1", "", "2"};
+        QTest::newRow("empty item before a line end")
+            << QByteArray("\"28\",,\r\n\"35\",\n") << QStringList{"28", "", "", "35", ""};
+        QTest::newRow("blank lines between items skipped")
+            << QByteArray("1\r\n\r\n2\r\n") << QStringList{"1", "2"};
         QTest::newRow("LF and CR line ends")
             << QByteArray("a\nb\rc") << QStringList{"a", "b", "c"};
         QTest::newRow("text after closing quote dropped")
