@@ -3,33 +3,13 @@
 #include "common/MessageTable.h"
 #include "common/NumberText.h"
 #include "params/ParaEntries.h"
-#include "params/ParaMemoryMap.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace {
 
 constexpr int ReportedLines = 5;
 constexpr std::array<int, ReportedLines> groupTitles{673, 675, 676, 677, 678};
-
-int comparedEntry(const ParaMapRow& row)
-{
-    return row.entry == MotorSizeEntry ? MotorCodeEntry : row.entry;
-}
-
-// The named rows in the order the report lists them (by entry).
-std::vector<const ParaMapRow*> namedRows()
-{
-    std::vector<const ParaMapRow*> rows;
-    for (const ParaMapRow& row : ParaMemoryMap())
-        if (!row.name.isEmpty())
-            rows.push_back(&row);
-    std::sort(rows.begin(), rows.end(), [](const ParaMapRow* a, const ParaMapRow* b) {
-        return comparedEntry(*a) < comparedEntry(*b);
-    });
-    return rows;
-}
 
 bool isNumber(const QVariant& v)
 {
@@ -68,11 +48,28 @@ void appendName(const ParaMapRow& row, const ParaSet& set, QString& line)
 
 } // namespace
 
+int ComparedEntry(const ParaMapRow& row)
+{
+    return row.entry == MotorSizeEntry ? MotorCodeEntry : row.entry;
+}
+
+std::vector<const ParaMapRow*> NamedParaRows()
+{
+    std::vector<const ParaMapRow*> rows;
+    for (const ParaMapRow& row : ParaMemoryMap())
+        if (!row.name.isEmpty())
+            rows.push_back(&row);
+    std::sort(rows.begin(), rows.end(), [](const ParaMapRow* a, const ParaMapRow* b) {
+        return ComparedEntry(*a) < ComparedEntry(*b);
+    });
+    return rows;
+}
+
 int MakeParaCompareList(const CtParaImage& image, const ParaSet& set, ParaCompareLines& lines)
 {
     lines.fill(QString());
     int result = 0;
-    for (const ParaMapRow* row : namedRows()) {
+    for (const ParaMapRow* row : NamedParaRows()) {
         if (!differs(*row, image, set))
             continue;
         appendName(*row, set, lines.at(size_t(row->group)));

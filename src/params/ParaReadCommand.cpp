@@ -40,34 +40,35 @@ void ParaReadCommand::cmdParaRead_Click(ParaScreen& screen)
     m_ctx.lock.Menyu_Yuko();
 }
 
-void ParaReadCommand::GetParametaValue(ParaScreen& screen)
+int ParaReadCommand::GetParametaValue(ParaScreen& screen)
 {
     if (m_data.paraEdited && CheckParaInput(screen) == 1) {
         const Prompter::Answer answer = m_ctx.prompter.ask(Msg(355), Prompter::Buttons::YesNoCancel,
                                                            Prompter::Icon::Question);
         if (answer == Prompter::Answer::Cancel)
-            return;
+            return 1;
         if (answer == Prompter::Answer::Yes)
             ParaFileCommands(m_ctx.prompter, m_ctx.files).cmdSaveParaFile_Click(m_data, screen);
     }
     if (m_devices.ReadDeviceList(m_ctx.prompter) != 0) {
         m_ctx.prompter.tell(Msg(356));
-        return;
+        return 1;
     }
     if (ReadParaFromCt(m_ctx, m_data.image) != 0)
-        return;
+        return 1;
 
     try {
         TakeCtParaImage(m_data.image, m_data.set);
     } catch (const RuntimeError&) {
         m_ctx.prompter.tell(Msg(ValueDoesNotFit), Prompter::Icon::Exclamation);
-        return;
+        return 1;
     }
     ParametaHyoji(m_data.set, screen);
     m_data.paraEdited = false;
     try {
-        GetSPdenryu(m_ctx, screen);
+        return GetSPdenryu(m_ctx, screen);
     } catch (const RuntimeError&) {
         m_ctx.prompter.tell(Msg(CurrentNotShown), Prompter::Icon::Exclamation);
+        return 1;
     }
 }

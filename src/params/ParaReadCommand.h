@@ -24,7 +24,9 @@ public:
     //    message 4303 and the page stays as it was), then the operating
     //    current of an "SP" actuator is read. A current the display cannot
     //    compute is reported (message 4300); the parameters stay shown.
-    void GetParametaValue(ParaScreen& screen);
+    // 0 when the parameters and the current were read and shown; 1 when
+    // the read stopped or the current could not be read or shown.
+    int GetParametaValue(ParaScreen& screen);
 
 private:
     SequenceContext& m_ctx;

@@ -51,33 +51,34 @@ void ParaWriteCommand::cmdParaWrite_Click(const ParaScreen& screen)
     m_ctx.lock.Menyu_Yuko();
 }
 
-void ParaWriteCommand::WriteParaWorker(const ParaScreen& screen)
+int ParaWriteCommand::WriteParaWorker(const ParaScreen& screen)
 {
     Prompter& prompter = m_ctx.prompter;
     if (prompter.ask(Msg(470), Prompter::Buttons::YesNo, Prompter::Icon::Question) != Prompter::Answer::Yes)
-        return;
+        return 1;
     if (CheckParaInput(screen) != 0) {
         prompter.tell(MsgLines({7, 8}));
-        return;
+        return 1;
     }
     if (TorikomiParametaValue(screen, m_data.set) != 0 || ParametaValueCheck(m_data.set) != 0) {
         prompter.tell(MsgLines({1524, 1525}));
-        return;
+        return 1;
     }
     const int status = m_ctx.commands.ReadRunStatus();
     if (status == 0) {
         prompter.tell(Msg(424));
-        return;
+        return 1;
     }
     if (status == -1) {
         prompter.tell(Msg(377));
-        return;
+        return 1;
     }
     const int result = WriteParaToCt(screen.txtDenryu);
     ProgramState::instance().gCommBusy = false;
     if (result == 0)
         m_data.paraEdited = false;
     prompter.tell(Msg(result == 0 ? 1527 : 1528));
+    return result;
 }
 
 int ParaWriteCommand::WriteParaToCt(const QString& denryuText)

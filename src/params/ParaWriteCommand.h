@@ -20,8 +20,9 @@ public:
 
     // Confirmation (470), input check (7, 8), range check (1524, 1525), the
     // at-rest query (moving: 424, no answer: 377), WriteParaToCt, and the
-    // outcome (1527 written, 1528 failed).
-    void WriteParaWorker(const ParaScreen& screen);
+    // outcome (1527 written, 1528 failed). 0 when the parameters were
+    // written, 1 otherwise.
+    int WriteParaWorker(const ParaScreen& screen);
 
     // Sends the set: "0WD" for blocks 0, 1, 2 and "0WE"; for the special
     // actuator (size "20") also "0RD7", "0WD7" with the operating current
