@@ -198,6 +198,11 @@ void Link::setPortNaming(std::function<QString(int)> deviceOf)
     d->deviceOfNumber = std::move(deviceOf);
 }
 
+QString Link::deviceOf(int n) const
+{
+    return d->deviceOf(n);
+}
+
 void Link::Private::onLost()
 {
     qCWarning(lcLink) << "serial device lost; it is opened again by the next transaction";

@@ -47,6 +47,7 @@ public:
     // Which device a port number names (PortNaming::deviceFor unless
     // replaced, as tests do).
     void setPortNaming(std::function<QString(int)> deviceOf);
+    QString deviceOf(int n) const;
 
     // --- transaction -------------------------------------------------------
     // Writes command + data + CR LF, waits for the reply line or gTimeoutMs,

@@ -48,9 +48,8 @@ int main(int argc, char** argv)
     help.SetHelpFilePath();
     StartupSettings::load(s);
 
-    MainWindow window;
+    MainWindow window(options);
     window.help = help;
-    window.setLinkTarget(options);
     window.Form_Load();
     window.show();
     window.mParaDispRefresh = true;

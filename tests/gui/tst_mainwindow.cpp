@@ -411,8 +411,7 @@ void TestMainWindow::portLabel()
     QFETCH(int, language);
     setLanguage(qint16(language));
     ProgramState::instance().gPortNo = 3;
-    MainWindow w;
-    w.setLinkTarget(StartupOptions::parse(args));
+    MainWindow w(StartupOptions::parse(args));
     w.Form_Load();
     QTEST(w.lblPort->text(), "label");
 }

@@ -3,6 +3,7 @@
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
 #include "common/Waiter.h"
+#include "link/Link.h"
 #include "opdata/widgets/OpDataPage.h"
 #include "params/widgets/ParaPage.h"
 #include "shell/Settings.h"
@@ -10,6 +11,8 @@
 #include "shell/widgets/AboutDialog.h"
 #include "shell/widgets/AppIcon.h"
 #include "shell/widgets/CaptionLoader.h"
+#include "shell/widgets/ControllerActions.h"
+#include "shell/widgets/ControllerSession.h"
 #include "shell/widgets/Lamp.h"
 #include "shell/widgets/MainWindowProgress.h"
 
@@ -41,8 +44,8 @@ constexpr int CloseRetryMs = 20;
 
 } // namespace
 
-MainWindow::MainWindow(QWidget* parent)
-    : QMainWindow(parent), m_prompter(this), m_files(this), m_lock(this)
+MainWindow::MainWindow(const StartupOptions& target, QWidget* parent)
+    : QMainWindow(parent), m_prompter(this), m_files(this), m_lock(this), m_linkTarget(target)
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("KTR-W5"));
@@ -65,7 +68,9 @@ MainWindow::MainWindow(QWidget* parent)
 
     m_alarms = std::make_unique<AlarmLamps>(imgAlarmLed, imgAlarmGreen, lblstatus);
     m_progress = new MainWindowProgress(this, sbStatusBar, ProgressBar1);
+    m_session = new ControllerSession(*this, target);
     connectMenus();
+    new ControllerActions(*this, *m_session);
     // Room for both pages without scrolling, never more than the screen.
     QSize size(qMax(1000, sizeHint().width()), sizeHint().height());
     if (const QScreen* s = screen())
@@ -78,6 +83,11 @@ MainWindow::~MainWindow() = default;
 ProgressDisplay& MainWindow::progress()
 {
     return *m_progress;
+}
+
+SequenceContext& MainWindow::context()
+{
+    return m_session->context();
 }
 
 QMenu* MainWindow::menu(const char* name, int caption)
@@ -249,22 +259,20 @@ void MainWindow::selectFirstChoices()
     opData->comboACC->setCurrentIndex(opData->comboACC->findText(QStringLiteral("1")));
 }
 
-void MainWindow::setLinkTarget(const StartupOptions& options)
-{
-    m_linkTarget = options;
-    refreshPortLabel();
-}
-
 void MainWindow::refreshPortLabel()
 {
     QString target;
+    const QString device = m_session->link().portName();
     if (m_linkTarget.simulator)
         target = Msg(4023);
-    else if (!m_linkTarget.portName.isEmpty())
-        target = m_linkTarget.portName;
+    else if (!device.isEmpty())
+        target = device;
     else
         target = Msg(4024).arg(ProgramState::instance().gPortNo);
     lblPort->setText(Msg(4022).arg(target));
+    // Nobody should mistake the virtual controller for a real one.
+    setWindowTitle(m_linkTarget.simulator ? Msg(4150).arg(QStringLiteral("KTR-W5"))
+                                          : QStringLiteral("KTR-W5"));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

@@ -11,6 +11,7 @@
 
 #include <functional>
 
+class ControllerSession;
 class Lamp;
 class MainWindowProgress;
 class OpDataPage;
@@ -21,6 +22,7 @@ class QMenu;
 class QProgressBar;
 class QStatusBar;
 class QTabWidget;
+struct SequenceContext;
 
 // Steps of the window's life that other parts of the program provide when
 // they are wired in. An unset hook is skipped.
@@ -41,18 +43,25 @@ struct MainWindowHooks {
 class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
-    explicit MainWindow(QWidget* parent = nullptr);
+    // target: where the link talks to for the whole run (--simulator,
+    // --port NAME); shown in the status bar and the title.
+    explicit MainWindow(const StartupOptions& target = {}, QWidget* parent = nullptr);
     ~MainWindow() override;
 
     // The Load steps: position, help menu, captions, error list, choice
     // lists, tab captions, device list, initial choices.
     void Form_Load();
 
-    // Where the link talks to: shown in the status bar and kept for the
-    // link wiring.
-    void setLinkTarget(const StartupOptions& options);
     const StartupOptions& linkTarget() const { return m_linkTarget; }
+    // The port label (and the title) after the port or device changed.
     void refreshPortLabel();
+
+    // The link to the controller and what every sequence started from the
+    // window is given (link, commands, this window's prompter, file
+    // chooser, enabling routines and progress display). Built in the
+    // constructor, before any page controller, and kept for the whole run.
+    ControllerSession& session() { return *m_session; }
+    SequenceContext& context();
 
     // The window's message boxes and file dialogs; tests put scripted ones
     // in their place.
@@ -130,4 +139,5 @@ private:
     std::unique_ptr<AlarmLamps> m_alarms;
     MainWindowProgress* m_progress = nullptr;
     StartupOptions m_linkTarget;
+    ControllerSession* m_session = nullptr;
 };
