@@ -80,7 +80,9 @@ void DeviceDialog::buildControls()
     v->addLayout(choice);
     v->addStretch();
     v->addLayout(buttons);
-    setMinimumWidth(fontMetrics().averageCharWidth() * 50);
+    // A fixed dialog, as wide as the explanation reads well in either language.
+    v->setSizeConstraint(QLayout::SetFixedSize);
+    lblDeviceSetumei->setFixedWidth(fontMetrics().height() * 20);
 
     connect(cmdDeviceSet, &QPushButton::clicked, this, &DeviceDialog::cmdDeviceSet_Click);
     connect(cmdDeviceCancel, &QPushButton::clicked, this, &DeviceDialog::cmdDeviceCancel_Click);

@@ -6,6 +6,7 @@
 #include "link/Link.h"
 #include "opdata/widgets/OpDataPage.h"
 #include "params/widgets/ParaPage.h"
+#include "params/widgets/ParaPageController.h"
 #include "shell/Settings.h"
 #include "shell/Twips.h"
 #include "shell/widgets/AboutDialog.h"
@@ -71,6 +72,7 @@ MainWindow::MainWindow(const StartupOptions& target, QWidget* parent)
     m_session = new ControllerSession(*this, target);
     connectMenus();
     new ControllerActions(*this, *m_session);
+    new ParaPageController(*this);
     // Room for both pages without scrolling, never more than the screen.
     QSize size(qMax(1000, sizeHint().width()), sizeHint().height());
     if (const QScreen* s = screen())

@@ -1,0 +1,152 @@
+#include "params/widgets/ParaPageController.h"
+
+#include "device/ActSizeList.h"
+#include "device/widgets/DeviceDialog.h"
+#include "device/widgets/SizeListCombo.h"
+#include "link/SequenceContext.h"
+#include "opdata/widgets/OpDataPage.h"
+#include "params/ParaFileCommands.h"
+#include "params/ParaReadCommand.h"
+#include "params/ParaVerifyCommand.h"
+#include "params/ParaWriteCommand.h"
+#include "params/StandardPara.h"
+#include "params/TokuParaChange.h"
+#include "params/widgets/ParaEntryRules.h"
+#include "params/widgets/ParaPage.h"
+#include "print/widgets/PrinterOutput.h"
+#include "shell/widgets/MainWindow.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+ParaPageController::ParaPageController(MainWindow& window)
+    : QObject(&window)
+    , m_window(window)
+    , m_page(*window.para)
+    , m_view(*window.para, *window.opData->txtDenryu)
+    , m_print([&window](Printout& printout) { return PrinterOutput::print(printout, &window); })
+{
+    setObjectName(QStringLiteral("ParaPageController"));
+    window.hooks.loadDeviceList = [this] { LoadDeviceListAtStart(); };
+    auto* rules = new ParaEntryRules(this);
+    for (QLineEdit* box : m_page.findChildren<QLineEdit*>())
+        rules->watch(box);
+    connectButtons();
+    watchEdits();
+}
+
+void ParaPageController::connectButtons()
+{
+    const auto clicked = [this](QAbstractButton* button, void (ParaPageController::*handler)()) {
+        connect(button, &QAbstractButton::clicked, this, handler);
+    };
+    clicked(m_page.cmdParaRead, &ParaPageController::cmdParaRead_Click);
+    clicked(m_page.cmdParaWrite, &ParaPageController::cmdParaWrite_Click);
+    clicked(m_page.cmdConpareCT, &ParaPageController::cmdConpareCT_Click);
+    clicked(m_page.cmdConpareFile, &ParaPageController::cmdConpareFile_Click);
+    clicked(m_page.cmdSaveParaFile, &ParaPageController::cmdSaveParaFile_Click);
+    clicked(m_page.cmdReadParaFile, &ParaPageController::cmdReadParaFile_Click);
+    clicked(m_page.cmdIniPrm, &ParaPageController::cmdIniPrm_Click);
+    clicked(m_page.chkTokuParaChange, &ParaPageController::chkTokuParaChange_Click);
+    clicked(m_page.cmdParaPrint, &ParaPageController::cmdParaPrint_Click);
+    clicked(m_page.cmdParaFilePrint, &ParaPageController::cmdParaFilePrint_Click);
+}
+
+// Only what the user does marks the page edited; values shown by the
+// program do not.
+void ParaPageController::watchEdits()
+{
+    for (QLineEdit* box : m_page.findChildren<QLineEdit*>())
+        connect(box, &QLineEdit::textEdited, this, &ParaPageController::markEdited);
+    for (QComboBox* list : m_page.findChildren<QComboBox*>())
+        connect(list, &QComboBox::activated, this, &ParaPageController::markEdited);
+    for (QRadioButton* option : m_page.findChildren<QRadioButton*>())
+        connect(option, &QRadioButton::clicked, this, &ParaPageController::markEdited);
+}
+
+SequenceContext& ParaPageController::context()
+{
+    return m_window.context();
+}
+
+ParaPrintCommands ParaPageController::printCommands()
+{
+    SequenceContext& ctx = context();
+    return ParaPrintCommands(ctx.prompter, ctx.files, ctx.lock, m_print);
+}
+
+void ParaPageController::onScreen(const std::function<void(ParaScreen&)>& step)
+{
+    ParaScreen screen = m_view.capture();
+    step(screen);
+    m_view.apply(screen);
+}
+
+void ParaPageController::LoadDeviceListAtStart()
+{
+    SizeListBox sizes = SizeListCombo::read(m_page.comboActSize);
+    if (::LoadDeviceListAtStart(m_devices, sizes, context().prompter) == 0)
+        SizeListCombo::show(sizes, m_page.comboActSize);
+}
+
+void ParaPageController::cmdParaRead_Click()
+{
+    onScreen([this](ParaScreen& s) { ParaReadCommand(context(), m_data, m_devices).cmdParaRead_Click(s); });
+}
+
+void ParaPageController::cmdParaWrite_Click()
+{
+    onScreen([this](ParaScreen& s) { ParaWriteCommand(context(), m_data).cmdParaWrite_Click(s); });
+}
+
+void ParaPageController::cmdConpareCT_Click()
+{
+    onScreen([this](ParaScreen& s) { ParaVerifyCommand(context(), m_data).cmdConpareCT_Click(s); });
+}
+
+void ParaPageController::cmdConpareFile_Click()
+{
+    onScreen([this](ParaScreen& s) { ParaVerifyCommand(context(), m_data).cmdConpareFile_Click(s); });
+}
+
+void ParaPageController::cmdSaveParaFile_Click()
+{
+    onScreen([this](ParaScreen& s) {
+        ParaFileCommands(context().prompter, context().files).cmdSaveParaFile_Click(m_data, s);
+    });
+}
+
+void ParaPageController::cmdReadParaFile_Click()
+{
+    onScreen([this](ParaScreen& s) {
+        ParaFileCommands(context().prompter, context().files).cmdReadParaFile_Click(m_data, s);
+    });
+}
+
+// The device dialog is made for each opening.
+void ParaPageController::cmdIniPrm_Click()
+{
+    onScreen([this](ParaScreen& s) {
+        SequenceContext& ctx = context();
+        DeviceDialog dialog(m_devices, ctx.prompter, m_page.comboActSize, &m_window);
+        StandardPara(ctx.lock, ctx.prompter, dialog).cmdIniPrm_Click(m_data, s);
+    });
+}
+
+void ParaPageController::chkTokuParaChange_Click()
+{
+    onScreen([this](ParaScreen& s) { ::chkTokuParaChange_Click(s, context().prompter); });
+}
+
+void ParaPageController::cmdParaPrint_Click()
+{
+    onScreen([this](ParaScreen& s) { printCommands().cmdParaPrint_Click(m_data, s); });
+}
+
+void ParaPageController::cmdParaFilePrint_Click()
+{
+    printCommands().cmdParaFilePrint_Click();
+}
