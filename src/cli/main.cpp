@@ -7,6 +7,7 @@
 #include "cli/GlobalOptions.h"
 #include "cli/Interrupt.h"
 #include "cli/LinkCommands.h"
+#include "cli/ParamsCommands.h"
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
 #include "common/Waiter.h"
@@ -32,6 +33,7 @@ constexpr int Interrupted = 4822;
 void registerCommands(CommandRegistry& registry)
 {
     addLinkCommands(registry);
+    addParamsCommands(registry);
 }
 
 // --lang decides; without it, the language is chosen as the desktop tool

@@ -1,0 +1,212 @@
+#include "cli/ParamsCommands.h"
+
+#include "cli/CliSession.h"
+#include "cli/CommandRegistry.h"
+#include "cli/ExitStatus.h"
+#include "cli/ParamsArguments.h"
+#include "common/MessageTable.h"
+#include "common/ProgramState.h"
+#include "common/RuntimeError.h"
+#include "device/DeviceList.h"
+#include "params/ActuatorSize.h"
+#include "params/ParaCompare.h"
+#include "params/ParaCtRead.h"
+#include "params/ParaData.h"
+#include "params/ParaEntries.h"
+#include "params/ParaFile.h"
+#include "params/ParaReadCommand.h"
+#include "params/ParaScreen.h"
+#include "params/ParaScreenTransfer.h"
+#include "params/ParaValueCheck.h"
+#include "params/ParaWriteCommand.h"
+#include "params/SpCurrent.h"
+#include "params/TakeCtParaImage.h"
+#include "print/ParaPrintCommands.h"
+#include "print/ParaPrintout.h"
+#include "print/PdfPrinter.h"
+
+namespace {
+
+const QString Output = QStringLiteral("-o");
+const QString Current = QStringLiteral("--current");
+const QString ParaFileArg = QStringLiteral("FILE.pmt");
+
+constexpr int InvalidValue = 4814;
+constexpr int CurrentNeeded = 4315;
+constexpr int CurrentNotTaken = 4316;
+constexpr int MissingArgument = 4317;
+constexpr int CannotWrite = 4318;
+
+// A parameter file as the page holds it after Open. A file that cannot be
+// taken in whole is refused here (message 681), before anything is sent.
+bool loadFile(CliSession& session, const QString& path, ParaData& data)
+{
+    if (LoadParaFile(path, data.image, session.prompter()) == 0) {
+        try {
+            TakeCtParaImage(data.image, data.set);
+            return true;
+        } catch (const RuntimeError&) {
+        }
+    }
+    session.prompter().tell(Msg(681));
+    return false;
+}
+
+// The checks the page makes before a write or a verification, on the
+// file's values shown as the page would show them.
+bool screenAccepted(CliSession& session, ParaData& data, const ParaScreen& screen)
+{
+    if (CheckParaInput(screen) != 0) {
+        session.prompter().tell(MsgLines({7, 8}));
+        return false;
+    }
+    if (TorikomiParametaValue(screen, data.set) != 0 || ParametaValueCheck(data.set) != 0) {
+        session.prompter().tell(MsgLines({1524, 1525}));
+        return false;
+    }
+    return true;
+}
+
+int printReport(CliSession& session, const CtParaImage& image, const ParaSet& set)
+{
+    ParaCompareLines lines;
+    const int result = MakeParaCompareList(image, set, lines);
+    QString text = ParaVerifyReport(result, lines).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    if (!text.endsWith(u'\n'))
+        text += u'\n';
+    session.out() << text;
+    return result == 0 ? ExitDone : ExitDiffer;
+}
+
+int readParams(CliSession& session, const QStringList& args)
+{
+    ParamsArguments arguments({Output}, {});
+    if (const int bad = arguments.parse(session, args))
+        return bad;
+    ParaData data;
+    ParaScreen screen;
+    DeviceList devices;
+    const int result = ParaReadCommand(session.context(), data, devices).GetParametaValue(screen);
+    session.link().CloseCommPort();
+    if (result != 0)
+        return ExitLinkFailed;
+
+    if (arguments.has(Output)) {
+        if (SaveParaFile(arguments.value(Output), data.set) != 0) {
+            session.prompter().tell(Msg(13));
+            return ExitUsage;
+        }
+        session.prompter().tell(Msg(14));
+        return ExitDone;
+    }
+    for (const ParaMapRow* row : NamedParaRows())
+        session.out() << row->name << u'=' << ParaEntryValue(data.set, ComparedEntry(*row)).toString() << '\n';
+    return ExitDone;
+}
+
+// The operating current of the special actuator: required for it, refused
+// for the others, and checked before anything is sent.
+int takeCurrent(CliSession& session, const ParamsArguments& arguments, const ParaSet& set, ParaScreen& screen)
+{
+    const bool special = set.axis.sizeText == SpecialSizeText();
+    if (special && !arguments.has(Current))
+        return session.usageError(Msg(CurrentNeeded));
+    if (!special && arguments.has(Current))
+        return session.usageError(Msg(CurrentNotTaken));
+    if (!special)
+        return ExitDone;
+    const QString amps = arguments.value(Current);
+    if (!SpCurrentToBlock7(QString(32, u'0'), amps))
+        return session.usageError(Msg(InvalidValue).arg(Current, amps));
+    screen.txtDenryu = amps;
+    return ExitDone;
+}
+
+int writeParams(CliSession& session, const QStringList& args)
+{
+    ParamsArguments arguments({Current}, {ParaFileArg});
+    if (const int bad = arguments.parse(session, args))
+        return bad;
+    ParaData data;
+    ParaScreen screen;
+    if (!loadFile(session, arguments.file(0), data))
+        return ExitUsage;
+    ParametaHyoji(data.set, screen);
+    if (const int bad = takeCurrent(session, arguments, data.set, screen))
+        return bad;
+    if (!screenAccepted(session, data, screen))
+        return ExitUsage;
+
+    const int result = ParaWriteCommand(session.context(), data).WriteParaWorker(screen);
+    session.link().CloseCommPort();
+    if (result != 0)
+        return ExitLinkFailed;
+    session.out() << Msg(1527) << '\n';
+    return ExitDone;
+}
+
+int verifyParams(CliSession& session, const QStringList& args)
+{
+    ParamsArguments arguments({}, {ParaFileArg});
+    if (const int bad = arguments.parse(session, args))
+        return bad;
+    ParaData data;
+    ParaScreen screen;
+    if (!loadFile(session, arguments.file(0), data))
+        return ExitUsage;
+    ParametaHyoji(data.set, screen);
+    if (!screenAccepted(session, data, screen))
+        return ExitUsage;
+
+    CtParaImage controller;
+    const int result = ReadParaFromCt(session.context(), controller);
+    session.link().CloseCommPort();
+    if (result != 0)
+        return ExitLinkFailed;
+    return printReport(session, controller, data.set);
+}
+
+// The first file stands where the page's values stand, the second where
+// the controller's.
+int diffParams(CliSession& session, const QStringList& args)
+{
+    ParamsArguments arguments({}, {QStringLiteral("A.pmt"), QStringLiteral("B.pmt")});
+    if (const int bad = arguments.parse(session, args))
+        return bad;
+    ParaData shown;
+    ParaData other;
+    if (!loadFile(session, arguments.file(0), shown) || !loadFile(session, arguments.file(1), other))
+        return ExitUsage;
+    return printReport(session, other.image, shown.set);
+}
+
+int printParams(CliSession& session, const QStringList& args)
+{
+    ParamsArguments arguments({Output}, {ParaFileArg});
+    if (const int bad = arguments.parse(session, args))
+        return bad;
+    if (!arguments.has(Output))
+        return session.usageError(Msg(MissingArgument).arg(QStringLiteral("-o OUT.pdf")));
+    PrintParaList list;
+    if (ParaPrintCommands::ReadPrintList(arguments.file(0), session.prompter(), list) != 0)
+        return ExitUsage;
+    ProgramState::instance().gPrintFromFile = true;
+    ParaPrintout printout(list);
+    QString error;
+    if (!PdfPrinter::write(printout, arguments.value(Output), &error)) {
+        session.report(Msg(CannotWrite).arg(arguments.value(Output), error));
+        return ExitUsage;
+    }
+    return ExitDone;
+}
+
+} // namespace
+
+void addParamsCommands(CommandRegistry& registry)
+{
+    registry.add({QStringLiteral("params read"), 4310, true, readParams});
+    registry.add({QStringLiteral("params write"), 4311, true, writeParams});
+    registry.add({QStringLiteral("params verify"), 4312, true, verifyParams});
+    registry.add({QStringLiteral("params diff"), 4313, false, diffParams});
+    registry.add({QStringLiteral("params print"), 4314, false, printParams});
+}

@@ -1,0 +1,249 @@
+// ktrctl params against the virtual controller: the frames on the wire, the
+// report as the desktop tool's box shows it, the exit statuses, and the
+// printout of a file.
+
+#include "print/PdfText.h"
+#include "support/RawTerminalClient.h"
+#include "support/SimProcess.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+struct Run {
+    int exitCode = -1;
+    QString out;
+    QString err;
+};
+
+// ktrctl in English with a settings store of its own.
+Run ktrctl(const QStringList& args)
+{
+    QTemporaryDir config;
+    QProcess process;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("XDG_CONFIG_HOME"), config.path());
+    env.insert(QStringLiteral("XDG_RUNTIME_DIR"), config.path());
+    process.setProcessEnvironment(env);
+    process.start(QStringLiteral(KTRCTL_PATH), QStringList{"--lang", "en"} + args);
+    Run run;
+    if (!process.waitForFinished(20000)) {
+        process.kill();
+        process.waitForFinished();
+        return run;
+    }
+    run.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    run.out = QString::fromUtf8(process.readAllStandardOutput());
+    run.err = QString::fromUtf8(process.readAllStandardError());
+    return run;
+}
+
+// The frames ktrctl sent, from its trace.
+QStringList sent(const QString& err)
+{
+    static const QRegularExpression frame(QStringLiteral("^\\+\\d+\\.\\d{3} > (.*)$"),
+                                          QRegularExpression::MultilineOption);
+    QStringList out;
+    for (auto it = frame.globalMatch(err); it.hasNext();)
+        out << it.next().captured(1);
+    return out;
+}
+
+// The factory parameters of the virtual controller as a parameter file,
+// with the actuator size and VEL given.
+QByteArray paraFile(const QString& size, int vel)
+{
+    QStringList lines{"\"QM-KTR\",\"PRM\"", "6",
+                      "\"HOME\",5,1", "30", "30", QString::number(vel), "10", "10",
+                      "\"AXIS\",7,1", "65535", "2", "400", "0", "20", "2", QStringLiteral("\"%1L100\"").arg(size),
+                      "\"PG\",2,1", "0", "1000",
+                      "\"ETC\",8,1", "0", "2", "1000", "2000", "10", "5", "1", "20",
+                      "\"SPECIAL\",6,1", "10", "0", "10", "0", "0", "0",
+                      "\"RESERVED\",7,1", "0", "0", "0", "0", "0", "0", "0"};
+    return lines.join(QStringLiteral("\r\n")).toLatin1() + "\r\n";
+}
+
+// Block 0 of that file with VEL 33 (0x21): the factory block otherwise.
+const QString Block0 = QStringLiteral("001E1E210A0A0003E8000A0A00000000");
+const QString Block2 = QStringLiteral("000114020003E80007D00A0500000000");
+
+class Files {
+public:
+    QString write(const QString& name, const QByteArray& bytes)
+    {
+        QFile file(m_dir.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            return {};
+        return file.fileName();
+    }
+    QString path(const QString& name) const { return m_dir.filePath(name); }
+
+private:
+    QTemporaryDir m_dir;
+};
+
+} // namespace
+
+class TestParamsCli : public QObject {
+    Q_OBJECT
+
+private slots:
+    void writeSendsTheBlocks_data()
+    {
+        QTest::addColumn<QString>("size");
+        QTest::addColumn<QStringList>("extra");
+        QTest::addColumn<QStringList>("frames");
+        const QStringList common{"0RA", "0WD0" + Block0};
+        QTest::newRow("28: four commands")
+            << "28" << QStringList{}
+            << common + QStringList{"0WD10202019000FFFF14001C4C0064000000", "0WD2" + Block2, "0WE"};
+        // 0.16 A x 1875 = 300 at data digits 13 to 16 of block 7.
+        QTest::newRow("special: seven commands")
+            << "20" << QStringList{"--current", "0.16"}
+            << common + QStringList{"0WD10202019000FFFF1400144C0064030000", "0WD2" + Block2, "0WE",
+                                    "0RD7", "0WD7000000000000012C0000000000000000", "0WF"};
+    }
+    void writeSendsTheBlocks()
+    {
+        QFETCH(QString, size);
+        QFETCH(QStringList, extra);
+        QFETCH(QStringList, frames);
+        Files files;
+        const QString file = files.write(QStringLiteral("set.pmt"), paraFile(size, 33));
+        SimProcess sim(QStringLiteral(KTRSIM_PATH));
+        QVERIFY2(sim.start(), sim.standardError().constData());
+
+        const Run write = ktrctl(QStringList{"--port", sim.devicePath(), "--trace", "params", "write", file} + extra);
+        QCOMPARE(write.exitCode, 0);
+        QCOMPARE(sent(write.err), frames);
+        QCOMPARE(write.out, QStringLiteral("Completed writing parameters.\n"));
+
+        const Run verify = ktrctl({"--port", sim.devicePath(), "--trace", "params", "verify", file});
+        QCOMPARE(verify.exitCode, 0);
+        QCOMPARE(sent(verify.err), (QStringList{"0RD0", "0RD1", "0RD2"}));
+        QCOMPARE(verify.out, QStringLiteral("Result of Verify - OK\n"));
+    }
+
+    // The controller's block changed behind the tool's back: VEL and ALM differ.
+    void verifyReportsTheDifferences()
+    {
+        Files files;
+        const QString file = files.write(QStringLiteral("set.pmt"), paraFile(QStringLiteral("28"), 33));
+        SimProcess sim(QStringLiteral(KTRSIM_PATH));
+        QVERIFY2(sim.start(), sim.standardError().constData());
+        QCOMPARE(ktrctl({"--port", sim.devicePath(), "params", "write", file}).exitCode, 0);
+        {
+            RawTerminalClient raw;
+            QVERIFY(raw.open(sim.devicePath()));
+            QCOMPARE(raw.ask("0WD0001E1E0B0A0A0003E9000A0A00000000\r\n"), QByteArray("0WD0\r\n"));
+        }
+        const Run verify = ktrctl({"--port", sim.devicePath(), "params", "verify", file});
+        QCOMPARE(verify.exitCode, 3);
+        QCOMPARE(verify.out, QStringLiteral("Result of Verify - NG\n<HOME Parameter> :VEL,\n<PG Parameter> :ALM,\n"));
+    }
+
+    void readListsTheNamedParameters()
+    {
+        const Run read = ktrctl({"--simulator", "--trace", "params", "read"});
+        QCOMPARE(read.exitCode, 0);
+        QCOMPARE(sent(read.err), (QStringList{"0RD0", "0RD1", "0RD2", "0RD7"}));
+        QCOMPARE(read.out.split(u'\n', Qt::SkipEmptyParts),
+                 (QStringList{"OFFSET=30", "VEL=10", "OFSVEL=10", "PULSE=400", "AUTODRIVE=0", "MOTOR=28L100",
+                              "FUNCTION=0", "ALM=1000", "HOME OUT=0", "IN-P WID=10", "PG TIMER=10",
+                              "AUTO HOME=0", "LS TIMER=10", "EMG LOGIC=0", "ALM1 CLEAR=0", "Reserved0=0",
+                              "Reserved1=0", "Reserved2=0", "Reserved3=0", "Reserved4=0", "Reserved5=0",
+                              "Reserved6=0"}));
+
+        // Saved, the controller's set is the file the tool writes.
+        Files files;
+        const Run save = ktrctl({"--simulator", "params", "read", "-o", files.path(QStringLiteral("read.pmt"))});
+        QCOMPARE(save.exitCode, 0);
+        QCOMPARE(save.err, QStringLiteral("Completed save parameters into the file.\n"));
+        QFile saved(files.path(QStringLiteral("read.pmt")));
+        QVERIFY(saved.open(QIODevice::ReadOnly));
+        QCOMPARE(saved.readAll(), paraFile(QStringLiteral("28"), 10));
+    }
+
+    void diffComparesTwoFiles_data()
+    {
+        QTest::addColumn<int>("velB");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("report");
+        QTest::newRow("equal") << 10 << 0 << "Result of Verify - OK\n";
+        QTest::newRow("VEL differs") << 33 << 3 << "Result of Verify - NG\n<HOME Parameter> :VEL,\n";
+    }
+    void diffComparesTwoFiles()
+    {
+        QFETCH(int, velB);
+        QFETCH(int, exitCode);
+        QFETCH(QString, report);
+        Files files;
+        const QString a = files.write(QStringLiteral("a.pmt"), paraFile(QStringLiteral("28"), 10));
+        const QString b = files.write(QStringLiteral("b.pmt"), paraFile(QStringLiteral("28"), velB));
+        const Run diff = ktrctl({"--trace", "params", "diff", a, b});
+        QCOMPARE(diff.exitCode, exitCode);
+        QCOMPARE(diff.out, report);
+        QVERIFY(sent(diff.err).isEmpty());
+    }
+
+    void printWritesThePdf()
+    {
+        Files files;
+        const QString file = files.write(QStringLiteral("line-3.pmt"), paraFile(QStringLiteral("20"), 33));
+        const QString pdf = files.path(QStringLiteral("out.pdf"));
+        const Run print = ktrctl({"params", "print", file, "-o", pdf});
+        QCOMPARE(print.exitCode, 0);
+        QFile out(pdf);
+        QVERIFY(out.open(QIODevice::ReadOnly));
+        const QString text = pdfText(out.readAll());
+        QString missing;
+        QVERIFY2(findInOrder(text, {"QM-KTR", "Parameters", "File Name:line-3.pmt", "<< HOMING PARAMETER >>",
+                                    " 2.VEL:", "33", "<< AXIS PARAMETER >>", " 3.MOTOR:", "SP",
+                                    "<< SP Parameter >>", " 5. ALM1 CLEAR:", "0. Disable"}, &missing) >= 0,
+                 qPrintable(missing + QStringLiteral("\n") + text));
+    }
+
+    // Refused before anything is sent: exit status 2.
+    void refusedInput_data()
+    {
+        QTest::addColumn<QByteArray>("contents");
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("special without current")
+            << paraFile(QStringLiteral("20"), 10) << QStringList{"write", "FILE"}
+            << "This parameter file is for the special actuator (SP): give its operating current with --current AMPS.";
+        QTest::newRow("current for size 28")
+            << paraFile(QStringLiteral("28"), 10) << QStringList{"write", "FILE", "--current", "1.5"}
+            << "--current applies only to a parameter file of the special actuator (SP).";
+        QTest::newRow("current not a number")
+            << paraFile(QStringLiteral("20"), 10) << QStringList{"write", "FILE", "--current", "abc"}
+            << "Invalid value for --current: abc";
+        QTest::newRow("no file") << QByteArray() << QStringList{"verify"} << "Missing argument: FILE.pmt";
+        QTest::newRow("VEL out of range")
+            << paraFile(QStringLiteral("28"), 61) << QStringList{"write", "FILE"}
+            << "Invalid value in some parameters.\nConfirm the value, and try it again.";
+        QTest::newRow("not a parameter file")
+            << QByteArray("\"QM-KTR\",\"QMD\"\r\n6\r\n") << QStringList{"verify", "FILE"}
+            << "Not parameter file for QM-B4.\nOpening file is canceled.\nFail to open parameter file.";
+    }
+    void refusedInput()
+    {
+        QFETCH(QByteArray, contents);
+        QFETCH(QStringList, args);
+        QFETCH(QString, message);
+        Files files;
+        args.replaceInStrings(QStringLiteral("FILE"), files.write(QStringLiteral("in.pmt"), contents));
+        const Run run = ktrctl(QStringList{"--simulator", "--trace", "params"} + args);
+        QCOMPARE(run.exitCode, 2);
+        QVERIFY(sent(run.err).isEmpty());
+        QVERIFY2(run.err.contains(message + u'\n'), qPrintable(run.err));
+        QVERIFY(run.out.isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestParamsCli)
+#include "tst_paramscli.moc"
