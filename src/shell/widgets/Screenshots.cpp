@@ -3,6 +3,7 @@
 #include "common/MessageTable.h"
 #include "common/Waiter.h"
 #include "shell/widgets/AboutDialog.h"
+#include "shell/widgets/ControllerScreenshots.h"
 #include "shell/widgets/MainWindow.h"
 #include "shell/widgets/MainWindowProgress.h"
 #include "shell/widgets/SplashWindow.h"
@@ -44,6 +45,7 @@ int Screenshots::take(MainWindow& window, const QString& dir)
     window.progress().Hide_ProgressBar();
     window.alarms().showAlarm(false);
     window.alarms().setStatusText({});
+    ok &= ControllerScreenshots::take(window, dir);
 
     AboutDialog about(window.prompter(), &window);
     about.Form_Load();

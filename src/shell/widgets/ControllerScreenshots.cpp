@@ -1,0 +1,77 @@
+#include "shell/widgets/ControllerScreenshots.h"
+
+#include "common/Waiter.h"
+#include "opdata/widgets/OpDataPage.h"
+#include "shell/widgets/ControllerSession.h"
+#include "shell/widgets/Lamp.h"
+#include "shell/widgets/MainWindow.h"
+#include "shell/widgets/OptionsDialog.h"
+#include "sim/SimController.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTimer>
+
+#include <functional>
+
+namespace {
+
+constexpr int SettleMs = 150;
+constexpr int AlarmWaitMs = 2000;
+constexpr int LookoutMs = 50;
+
+bool save(QWidget* w, const QString& dir, const QString& name)
+{
+    Waiter::sleep(SettleMs);
+    return w->grab().save(QDir(dir).filePath(name + QStringLiteral(".png")));
+}
+
+// Runs shoot on the modal window that command opens (once its exchange
+// with the controller is over), then closes it.
+bool whileModal(QAction* command, const std::function<bool(QWidget*)>& shoot)
+{
+    bool ok = false;
+    QTimer lookout;
+    lookout.setInterval(LookoutMs);
+    QObject::connect(&lookout, &QTimer::timeout, command, [&] {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (!modal)
+            return;
+        lookout.stop();
+        ok = shoot(modal);
+        modal->close();
+    });
+    lookout.start();
+    command->trigger();
+    return ok;
+}
+
+} // namespace
+
+bool ControllerScreenshots::take(MainWindow& window, const QString& dir)
+{
+    SimController* sim = window.session().simulator();
+    if (!sim)
+        return true;
+    bool ok = whileModal(window.mnuShowCtversion,
+                         [&](QWidget* box) { return save(box, dir, QStringLiteral("version")); });
+
+    sim->raiseAlarm("301");
+    Waiter::waitUntil([&] { return window.imgAlarmLed->isVisible(); }, AlarmWaitMs);
+    ok &= save(&window, dir, QStringLiteral("alarm"));
+    window.opData->cmdRESET->click();
+
+    ok &= whileModal(window.mnuOption, [&](QWidget* modal) {
+        auto* options = qobject_cast<OptionsDialog*>(modal);
+        bool saved = options != nullptr;
+        for (int i = 0; saved && i < options->SSTabOption->count(); ++i) {
+            options->SSTabOption->setCurrentIndex(i);
+            saved &= save(options, dir, QStringLiteral("options-tab%1").arg(i + 1));
+        }
+        return saved;
+    });
+    return ok;
+}
