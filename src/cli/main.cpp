@@ -7,6 +7,7 @@
 #include "cli/GlobalOptions.h"
 #include "cli/Interrupt.h"
 #include "cli/LinkCommands.h"
+#include "cli/OpDataCommands.h"
 #include "cli/ParamsCommands.h"
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
@@ -15,8 +16,10 @@
 #include "shell/StartupSettings.h"
 #include "shell/VersionText.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QGuiApplication>
+
+#include <memory>
 
 namespace {
 
@@ -33,6 +36,7 @@ constexpr int Interrupted = 4822;
 void registerCommands(CommandRegistry& registry)
 {
     addLinkCommands(registry);
+    addOpDataCommands(registry);
     addParamsCommands(registry);
 }
 
@@ -66,6 +70,30 @@ void printHelp(QTextStream& out, const CommandRegistry& registry)
     out << '\n' << Msg(ExitStatusLine) << '\n';
 }
 
+QStringList argumentsOf(int argc, char* argv[])
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    return arguments;
+}
+
+// The print commands draw a page, which takes the fonts of a GUI
+// application; on the offscreen platform that needs no display.
+bool drawsPages(const CliCommand* command)
+{
+    return command && command->name.endsWith(QLatin1String(" print"));
+}
+
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char* argv[], bool guiFonts)
+{
+    if (!guiFonts)
+        return std::make_unique<QCoreApplication>(argc, argv);
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -73,15 +101,17 @@ int main(int argc, char* argv[])
     QElapsedTimer clock;
     clock.start();
     Interrupt::blockSignal();
-    QCoreApplication app(argc, argv);
-    const GlobalOptions options = GlobalOptions::parse(app.arguments().mid(1));
+    const GlobalOptions options = GlobalOptions::parse(argumentsOf(argc, argv));
+    CommandRegistry registry;
+    registerCommands(registry);
+    QStringList args;
+    const CliCommand* command = registry.find(options.command, &args);
+    const std::unique_ptr<QCoreApplication> app = makeApplication(argc, argv, drawsPages(command));
     chooseLanguage(options);
     StartupSettings::load(ProgramState::instance());
 
     Interrupt interrupt;
     CliSession session(options, interrupt);
-    CommandRegistry registry;
-    registerCommands(registry);
 
     if (options.errorMessage != 0)
         return session.usageError(withArgs(Msg(options.errorMessage), options.errorArgs));
@@ -95,8 +125,6 @@ int main(int argc, char* argv[])
     }
     if (options.command.isEmpty())
         return session.usageError(Msg(NoCommand));
-    QStringList args;
-    const CliCommand* command = registry.find(options.command, &args);
     if (!command)
         return session.usageError(Msg(UnknownCommand).arg(options.command.first()));
 

@@ -23,10 +23,10 @@ Homing::Homing(SequenceContext& ctx, OpDataView& view) : m_ctx(ctx), m_view(view
 {
 }
 
-void Homing::run()
+int Homing::run()
 {
     if (m_running)
-        return;
+        return 1;
     const QScopedValueRollback running(m_running, true);
     ProgramState& ps = ProgramState::instance();
 
@@ -36,39 +36,42 @@ void Homing::run()
     ps.gCommBusy = true;
     m_view.setResetEnabled(false);
 
-    steps();
+    const int result = steps();
 
     m_ctx.link.CloseCommPort();
     m_ctx.lock.HOMEBTN_Yuko();
     m_ctx.lock.setTabsEnabled(true);
     m_ctx.lock.Menyu_Yuko();
     ps.gCommBusy = false;
+    return result;
 }
 
-void Homing::steps()
+int Homing::steps()
 {
     ProgramState& ps = ProgramState::instance();
     if (m_ctx.link.OpenCommPort() != 0 || m_ctx.commands.CheckCommunication() != 0)
-        return;
+        return 1;
 
     // A blocked request is not recorded as one.
     ps.gHomeRequested = !ps.gHomeRequestBlock;
 
     if (m_ctx.commands.MoveToPosition(HomePoint) != 0) {
         homeMoveFailed();
-        return;
+        return 1;
     }
     ps.gHomeFailed = false;
     int status = 0;
     do {
         if (Waiter::sleep(PollGapMs) == Waiter::Result::Aborted)
-            return;
+            return 1;
         status = m_ctx.commands.ReadRunStatus();
     } while (status != StatusFinished && status != StatusFailed);
     if (status == StatusFailed) {
         ps.gHomeRequested = false;
         m_ctx.link.CloseCommPort();
+        return 1;
     }
+    return 0;
 }
 
 void Homing::homeMoveFailed()

@@ -14,11 +14,12 @@ public:
 
     Homing(SequenceContext& ctx, OpDataView& view);
 
-    // SelectMove. A click while homing runs is ignored.
-    void run();
+    // SelectMove. 0 when the unit reported home reached; 1 when not (the
+    // reason was shown). A click while homing runs is ignored.
+    int run();
 
 private:
-    void steps();
+    int steps();
     void homeMoveFailed();
 
     SequenceContext& m_ctx;

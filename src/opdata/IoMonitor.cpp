@@ -2,6 +2,7 @@
 
 #include "common/ControlLock.h"
 #include "common/MessageTable.h"
+#include "common/Waiter.h"
 #include "link/CommandSet.h"
 #include "link/Link.h"
 #include "link/Prompter.h"
@@ -83,6 +84,7 @@ void IoMonitor::poll()
             return;
         }
         IoStateHyoji();
+        emit lampsShown();
     }
     if (mIoStopRequest)
         leaveMonitorMode();
@@ -139,6 +141,8 @@ void IoMonitor::clearFlags()
     mIoStopRequest = false;
     mIoWritePending = false;
     mIoReading = false;
+    // A wait for the monitor to end may be watching mIoRunning.
+    Waiter::wake();
 }
 
 void IoMonitor::outputClicked(IoLamp lamp)

@@ -51,6 +51,10 @@ public:
     bool mIoWritePending = false;
     bool mIoReading = false;
 
+signals:
+    // The lamps show a new reading of the inputs and outputs.
+    void lampsShown();
+
 private:
     bool readInputsAndOutputs();
     void writeToggledOutputs();

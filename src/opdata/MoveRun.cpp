@@ -50,10 +50,10 @@ MoveRun::MoveRun(SequenceContext& ctx, MoveTestState& state, OpDataView& view, Q
     });
 }
 
-void MoveRun::run()
+MoveRun::Result MoveRun::run()
 {
     if (m_running)
-        return;
+        return Result::Failed;
     const QScopedValueRollback running(m_running, true);
     ProgramState& ps = ProgramState::instance();
 
@@ -62,12 +62,13 @@ void MoveRun::run()
     m_ctx.lock.Menyu_Muko();
     ps.gCommBusy = true;
 
-    steps();
+    const Result result = steps();
 
     ps.gCommBusy = false;
     m_ctx.lock.MoveCMDBTN_Yuko();
     m_ctx.lock.setTabsEnabled(true);
     m_ctx.lock.Menyu_Yuko();
+    return result;
 }
 
 void MoveRun::stop()
@@ -88,7 +89,7 @@ bool MoveRun::stopped() const
     return m_state.mStopRequest || m_state.mStopOther || Waiter::aborted();
 }
 
-void MoveRun::steps()
+MoveRun::Result MoveRun::steps()
 {
     QString dwellText = m_view.screen().txtTimer;
     if (dwellText == u"0")
@@ -97,15 +98,18 @@ void MoveRun::steps()
     const int status = m_ctx.commands.ReadRunStatus();
     if (status != StatusFinished && status != StatusStopped) {
         m_ctx.link.CloseCommPort();
-        return;
+        return status == StatusFailed ? Result::Failed : Result::NotAtRest;
     }
     takeLeftovers(continuous());
 
+    Result result = Result::Done;
     do {
         if (m_state.mMoveNo >= SeriesEnd)
             break;
-        if (!moveOnce())
+        if (!moveOnce()) {
+            result = Result::Failed;
             break;
+        }
         if (stopped() || !continuous())
             break;
         dwell(dwellText);
@@ -118,6 +122,7 @@ void MoveRun::steps()
     if (m_state.mMoveNo >= SeriesEnd)
         m_state.mMoveNo = 1;
     m_ctx.link.CloseCommPort();
+    return result;
 }
 
 // What the previous run left behind: a stopped series starts again at its

@@ -21,9 +21,16 @@ public:
     static constexpr int AfterStartMs = 100;
     static constexpr int SeriesLength = 15;
 
+    enum class Result {
+        Done,        // the moves ran (a stopped series too)
+        NotAtRest,   // the controller was moving or in alarm: nothing was sent
+        Failed,      // a transaction failed and was reported, or the wait was aborted
+    };
+
     MoveRun(SequenceContext& ctx, MoveTestState& state, OpDataView& view, QObject* parent = nullptr);
 
-    void run();
+    // A click while a run is active is ignored and answers Failed.
+    Result run();
     // STOP: seen after the move in progress or during the dwell.
     void stop();
     bool isRunning() const { return m_running; }
@@ -38,7 +45,7 @@ signals:
 private:
     enum class Poll { Finished, Failed, Aborted };
 
-    void steps();
+    Result steps();
     void takeLeftovers(bool continuous);
     bool moveOnce();
     Poll waitForMoveEnd();

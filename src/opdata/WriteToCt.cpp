@@ -32,7 +32,7 @@ WriteToCt::WriteToCt(SequenceContext& ctx, OpDataState& state, OpDataView& view)
 {
 }
 
-void WriteToCt::run()
+int WriteToCt::run()
 {
     ProgramState& ps = ProgramState::instance();
     m_ctx.lock.CMDBTN_Muko();
@@ -40,7 +40,7 @@ void WriteToCt::run()
     m_ctx.lock.Menyu_Muko();
     ps.gCommBusy = true;
 
-    steps();
+    const int result = steps();
 
     m_ctx.link.CloseCommPort();
     m_ctx.lock.CMDBTN_Yuko();
@@ -48,26 +48,27 @@ void WriteToCt::run()
     m_ctx.lock.Menyu_Yuko();
     ps.gCommBusy = false;
     ps.gDataChanged = false;
+    return result;
 }
 
-void WriteToCt::steps()
+int WriteToCt::steps()
 {
     if (OpDataTorikomi::PosiDataCheckAndTorikomi(m_view.screen(), m_state.PosiData, m_ctx.prompter)
         != 0)
-        return;
+        return 1;
     if (m_ctx.prompter.ask(Msg(WriteConfirm), Prompter::Buttons::OkCancel, Prompter::Icon::Question)
         != Prompter::Answer::Ok)
-        return;
+        return 1;
 
     switch (m_ctx.commands.ReadRunStatus()) {
     case 0:
         m_ctx.prompter.tell(Msg(MovingRefusal), Prompter::Icon::Exclamation);
-        return;
+        return 1;
     case -1:
         m_ctx.prompter.tell(Msg(StatusFailed), Prompter::Icon::Exclamation);
-        return;
+        return 1;
     default:
-        WritePosidataToCt();
+        return WritePosidataToCt();
     }
 }
 

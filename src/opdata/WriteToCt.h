@@ -10,14 +10,16 @@ class WriteToCt {
 public:
     WriteToCt(SequenceContext& ctx, OpDataState& state, OpDataView& view);
 
-    void run();
+    // 0 when the controller took the data; 1 when it did not (a field
+    // missing, cancelled, refused or failed; the reason was shown).
+    int run();
 
     // The exchange: "0WP" with row 0 of PosiData, its echo checked, then
     // "0WA" "0101". 0 when written, 1 after the failure was shown.
     int WritePosidataToCt();
 
 private:
-    void steps();
+    int steps();
 
     SequenceContext& m_ctx;
     OpDataState& m_state;

@@ -5,6 +5,7 @@
 #include "common/Waiter.h"
 #include "link/Link.h"
 #include "opdata/widgets/OpDataPage.h"
+#include "opdata/widgets/OpDataPageController.h"
 #include "params/widgets/ParaPage.h"
 #include "params/widgets/ParaPageController.h"
 #include "shell/Settings.h"
@@ -73,6 +74,7 @@ MainWindow::MainWindow(const StartupOptions& target, QWidget* parent)
     connectMenus();
     new ControllerActions(*this, *m_session);
     new ParaPageController(*this);
+    new OpDataPageController(*this);
     // Room for both pages without scrolling, never more than the screen.
     QSize size(qMax(1000, sizeHint().width()), sizeHint().height());
     if (const QScreen* s = screen())

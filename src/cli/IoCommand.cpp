@@ -1,0 +1,124 @@
+#include "cli/IoCommand.h"
+
+#include "cli/CliSession.h"
+#include "cli/CommandArguments.h"
+#include "cli/ExitStatus.h"
+#include "cli/Interrupt.h"
+#include "common/MessageTable.h"
+#include "common/Waiter.h"
+
+namespace {
+
+constexpr int InvalidValue = 4814;
+
+const QString Watch = QStringLiteral("--watch");
+const QString Toggle = QStringLiteral("--toggle");
+
+// The lamps' labels on the tab, which are also the names of the line.
+QString label(IoLamp lamp)
+{
+    switch (lamp) {
+    case IoLamp::InputStb: return QStringLiteral("STB");
+    case IoLamp::InputStop: return QStringLiteral("STOP");
+    case IoLamp::OutputAlm: return QStringLiteral("ALM");
+    case IoLamp::OutputRdy: return QStringLiteral("RDY");
+    case IoLamp::OutputInp: return QStringLiteral("IN-P");
+    case IoLamp::OutputOut1: return QStringLiteral("OUT1");
+    case IoLamp::OutputOut2: return QStringLiteral("OUT2");
+    }
+    return {};
+}
+
+int indexOf(IoLamp lamp)
+{
+    return int(std::find(AllIoLamps.begin(), AllIoLamps.end(), lamp) - AllIoLamps.begin());
+}
+
+} // namespace
+
+IoCommand::IoCommand(CliSession& session, QObject* parent)
+    : QObject(parent), m_session(session), m_monitor(session.context(), *this)
+{
+    connect(&m_monitor, &IoMonitor::lampsShown, this, &IoCommand::readingShown);
+}
+
+QString IoCommand::lampLine(const std::array<bool, AllIoLamps.size()>& lamps)
+{
+    QStringList parts;
+    for (IoLamp lamp : AllIoLamps)
+        parts << label(lamp) + (lamps[indexOf(lamp)] ? QStringLiteral("=1") : QStringLiteral("=0"));
+    return parts.join(u' ');
+}
+
+void IoCommand::setLamp(IoLamp lamp, bool on)
+{
+    m_lamps[indexOf(lamp)] = on;
+}
+
+int IoCommand::parse(const QStringList& args)
+{
+    CommandArguments parsed({Toggle}, {Watch}, 0);
+    if (const int bad = parsed.parse(m_session, args))
+        return bad;
+    m_watch = parsed.has(Watch);
+    for (const QString& name : parsed.values(Toggle)) {
+        const auto output = std::find_if(AllIoLamps.begin(), AllIoLamps.end(), [&name](IoLamp l) {
+            return IoBits::source(l).output && label(l).compare(name, Qt::CaseInsensitive) == 0;
+        });
+        if (output == AllIoLamps.end())
+            return m_session.usageError(Msg(InvalidValue).arg(Toggle, name));
+        m_toggles << *output;
+    }
+    return ExitDone;
+}
+
+int IoCommand::run(const QStringList& args)
+{
+    if (const int bad = parse(args))
+        return bad;
+    // Ctrl-C ends the watch the way the button does: monitoring mode is left.
+    m_session.interrupt().setAbortsWaits(false);
+    connect(&m_session.interrupt(), &Interrupt::raised, this, &IoCommand::finish);
+
+    m_monitor.start();
+    Waiter::waitUntil([this] { return !m_monitor.mIoRunning; });
+    // The monitor stops by itself only when a transaction failed.
+    return m_finishing && !Waiter::aborted() ? ExitDone : ExitLinkFailed;
+}
+
+void IoCommand::readingShown()
+{
+    ++m_readings;
+    if (m_readings == 1 && !m_toggles.isEmpty()) {
+        for (IoLamp output : m_toggles)
+            m_monitor.outputClicked(output);
+        return;
+    }
+    if (!m_watch) {
+        print();
+        finish();
+    } else if (lampLine(m_lamps) != m_printed) {
+        print();
+    }
+}
+
+void IoCommand::print()
+{
+    m_printed = lampLine(m_lamps);
+    m_session.out() << m_printed << '\n';
+    m_session.out().flush();
+}
+
+void IoCommand::finish()
+{
+    if (m_finishing)
+        return;
+    m_finishing = true;
+    m_monitor.stop();
+}
+
+int io(CliSession& session, const QStringList& args)
+{
+    IoCommand command(session);
+    return command.run(args);
+}

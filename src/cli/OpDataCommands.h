@@ -1,0 +1,6 @@
+#pragma once
+
+class CommandRegistry;
+
+// opdata read, opdata write, opdata print, home, move, io.
+void addOpDataCommands(CommandRegistry& registry);

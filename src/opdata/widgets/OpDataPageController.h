@@ -1,0 +1,75 @@
+#pragma once
+
+#include "opdata/Homing.h"
+#include "opdata/IoMonitorView.h"
+#include "opdata/MoveTestState.h"
+#include "opdata/OpDataState.h"
+#include "opdata/OpDataView.h"
+#include "opdata/widgets/OpDataPrintCommand.h"
+
+#include <QObject>
+
+class IoMonitor;
+class Lamp;
+class MainWindow;
+class MoveRun;
+class OpDataPage;
+struct SequenceContext;
+
+// The behaviour of the operation data tab: its entry rules, the data
+// commands (Open, Save As, Read from C/T, Write to C/T, the two prints), the
+// move test (HOME, MOVE, STOP and the step/continuous/dwell choices), the
+// input/output monitor with its lamps, and the drive current that follows
+// the actuator size chosen on the parameter tab. The sequences see the tab
+// through OpDataView and IoMonitorView.
+class OpDataPageController : public QObject, public OpDataView, public IoMonitorView {
+    Q_OBJECT
+public:
+    explicit OpDataPageController(MainWindow& window);
+
+    // Where the printouts go: the system print dialog, unless a test sends
+    // them elsewhere.
+    void usePrinter(OpDataPrintCommand::PrintFunction print) { m_print = std::move(print); }
+
+    const OpDataState& state() const { return m_state; }
+    MoveRun& moveRun() { return *m_moveRun; }
+    IoMonitor& monitor() { return *m_monitor; }
+
+    OpDataScreen screen() const override;
+    void showScreen(const OpDataScreen& screen) override;
+    void setSpeedChoiceEnabled(bool enabled) override;
+    void setHomeEnabled(bool enabled) override;
+    void setResetEnabled(bool enabled) override;
+
+    void setLamp(IoLamp lamp, bool on) override;
+    void setMonitorCaption(const QString& caption) override;
+    void setOtherCommandsEnabled(bool enabled) override;
+
+    void cmdFileOpen_Click();
+    void cmdSaveFile_Click();
+    void cmdGetfromCt_Click();
+    void cmdLoadtoCt_Click();
+    void cmdDataPrint_Click();
+    void cmdFilePrint_Click();
+    void cmdHOME_Click();
+    void cmdMOVE_Click();
+    void cmdSTOP_Click();
+    void cmdIoMonitor_Click();
+
+private:
+    void connectButtons();
+    void connectMoveMode();
+    void moveModeChanged();
+    void outputLampClicked(Lamp* lamp);
+    void actuatorSizeChanged(const QString& size);
+    SequenceContext& context();
+
+    MainWindow& m_window;
+    OpDataPage& m_page;
+    OpDataState m_state;
+    MoveTestState m_moveState;
+    Homing m_homing;
+    MoveRun* m_moveRun;
+    IoMonitor* m_monitor;
+    OpDataPrintCommand::PrintFunction m_print;
+};
