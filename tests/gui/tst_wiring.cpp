@@ -3,6 +3,7 @@
 #include "common/Waiter.h"
 #include "link/Link.h"
 #include "link/PortNaming.h"
+#include "link/SequenceContext.h"
 #include "opdata/widgets/OpDataPage.h"
 #include "shell/Settings.h"
 #include "shell/widgets/ControllerSession.h"
@@ -191,6 +192,10 @@ void TestWiring::alarmOutsideTransactionAndReset()
     QCOMPARE(w.prompter.shown.size(), 1);
     QVERIFY(w.window.SSTab1->isEnabled());
     QVERIFY(w.window.opData->cmdRESET->isEnabled());
+
+    // File, Exit lets go of the port although port-occupy holds it.
+    w.window.mnuFileExit->trigger();
+    QVERIFY(!w.link().isPortOpen());
 }
 
 void TestWiring::timeoutShowsWhatToCheck()
@@ -251,6 +256,11 @@ void TestWiring::closingMidWaitUnwindsFirst()
     QVERIFY(w.prompter.shown.isEmpty());
     QVERIFY(!ProgramState::instance().gCommBusy);
     QTRY_VERIFY(!w.window.isVisible());
+    // What a sequence would still ask while unwinding gets "no" at once.
+    QCOMPARE(w.window.context().prompter.ask(QStringLiteral("?"), Prompter::Buttons::YesNo,
+                                             Prompter::Icon::Question),
+             Prompter::Answer::No);
+    QVERIFY(w.prompter.shown.isEmpty());
 }
 
 void TestWiring::portNumberFromListEntry_data()
