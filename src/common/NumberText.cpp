@@ -12,9 +12,16 @@ bool isBlank(QChar c)
     return c == u' ' || c == u'\t' || c == u'\n' || c == u'\r';
 }
 
+// Only the ASCII digits: QChar::isDigit() also takes the digits of other
+// scripts, which the conversion to double then reads as no number at all.
+bool isDecimalDigit(QChar c)
+{
+    return c >= u'0' && c <= u'9';
+}
+
 int digitValue(QChar c)
 {
-    if (c >= u'0' && c <= u'9')
+    if (isDecimalDigit(c))
         return c.unicode() - u'0';
     const QChar u = c.toUpper();
     if (u >= u'A' && u <= u'F')
@@ -45,10 +52,10 @@ int decimalPrefix(const QString& s, double* value)
     if (i < s.size() && (s[i] == u'+' || s[i] == u'-'))
         ++i;
     bool digits = false;
-    while (i < s.size() && s[i].isDigit()) { ++i; digits = true; }
+    while (i < s.size() && isDecimalDigit(s[i])) { ++i; digits = true; }
     if (i < s.size() && s[i] == u'.') {
         ++i;
-        while (i < s.size() && s[i].isDigit()) { ++i; digits = true; }
+        while (i < s.size() && isDecimalDigit(s[i])) { ++i; digits = true; }
     }
     if (!digits) {
         *value = 0;
@@ -60,7 +67,7 @@ int decimalPrefix(const QString& s, double* value)
         if (j < s.size() && (s[j] == u'+' || s[j] == u'-'))
             ++j;
         const int expStart = j;
-        while (j < s.size() && s[j].isDigit())
+        while (j < s.size() && isDecimalDigit(s[j]))
             ++j;
         if (j > expStart)
             end = j;

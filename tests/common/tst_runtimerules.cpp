@@ -27,6 +27,7 @@ private slots:
         QTest::newRow("exponent") << "1e3" << 1000.0;
         QTest::newRow("dangling exponent") << "7e" << 7.0;
         QTest::newRow("second point ends") << "1.2.3" << 1.2;
+        QTest::newRow("digit of another script ends") << QString::fromUtf8("1\u0663") << 1.0;
     }
     void leadingNumber()
     {
