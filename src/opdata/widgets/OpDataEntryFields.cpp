@@ -42,7 +42,10 @@ OpDataEntryFields::OpDataEntryFields(OpDataPage& page, OpDataState& state, QObje
 
 bool OpDataEntryFields::eventFilter(QObject* watched, QEvent* event)
 {
-    auto* box = static_cast<QLineEdit*>(watched);
+    // A box being destroyed is no longer a line edit; its last events pass.
+    auto* box = qobject_cast<QLineEdit*>(watched);
+    if (!box)
+        return false;
     if (event->type() == QEvent::KeyPress)
         return keyPress(box, static_cast<QKeyEvent*>(event));
     if (event->type() == QEvent::FocusOut) {
