@@ -81,7 +81,9 @@ void MainWindowProgress::hideTransfer()
 
 bool MainWindowProgress::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_statusBar && event->type() == QEvent::Resize && m_bar->isVisible())
+    // The event type first: comparing with the guarded pointer casts to
+    // QStatusBar, which the bar no longer is while it is being destroyed.
+    if (event->type() == QEvent::Resize && watched == m_statusBar && m_bar->isVisible())
         placeBar();
     return QObject::eventFilter(watched, event);
 }
