@@ -26,7 +26,11 @@ OpDataEntryFields::OpDataEntryFields(OpDataPage& page, OpDataState& state, QObje
     connect(page.txtDIVISION, &QLineEdit::textChanged, this, &OpDataEntryFields::txtDIVISION_Change);
     connect(page.txtGEAR, &QLineEdit::textChanged, this, &OpDataEntryFields::txtGEAR_Change);
     connect(page.txtTimer, &QLineEdit::textChanged, this, &OpDataEntryFields::txtTimer_Change);
-    connect(page.txtDenryu, &QLineEdit::textChanged, this, &OpDataEntryFields::txtDenryu_Change);
+    // The current the program shows (from the actuator size, or read from
+    // the controller) stands as it is; the entry rule is for what is typed.
+    connect(page.txtDenryu, &QLineEdit::textEdited, this, &OpDataEntryFields::txtDenryu_Change);
+    connect(page.txtDenryu, &QLineEdit::textChanged, this,
+            [this](const QString& text) { m_state.mHasDecimalPoint = text.contains(u'.'); });
     // A choice set by the program runs the click rules too; mEventsOff
     // keeps them quiet while the program loads values.
     connect(page.comboVEL, &QComboBox::currentIndexChanged, this, &OpDataEntryFields::comboVEL_Click);
@@ -125,9 +129,7 @@ void OpDataEntryFields::txtTimer_Change()
 
 void OpDataEntryFields::txtDenryu_Change()
 {
-    const CurrentEntry::Change change = CurrentEntry::textChanged(m_page.txtDenryu->text());
-    apply(m_page.txtDenryu, change.outcome);
-    m_state.mHasDecimalPoint = change.mHasDecimalPoint;
+    apply(m_page.txtDenryu, CurrentEntry::textChanged(m_page.txtDenryu->text()).outcome);
 }
 
 void OpDataEntryFields::comboVEL_Click()
