@@ -155,10 +155,12 @@ void OpDataEntryFields::apply(QLineEdit* box, const EntryOutcome& outcome)
 {
     if (outcome.background != Background::Unchanged) {
         // Both colours come from the style's own palette for the box, not
-        // from the box's palette, which may hold the marker already.
+        // from the box's palette, which may hold the marker already. A
+        // disabled box keeps the style's disabled look.
+        const QColor colour = EntryColours::color(outcome.background, QApplication::palette(box));
         QPalette palette = box->palette();
-        palette.setColor(QPalette::Base,
-                         EntryColours::color(outcome.background, QApplication::palette(box)));
+        palette.setColor(QPalette::Active, QPalette::Base, colour);
+        palette.setColor(QPalette::Inactive, QPalette::Base, colour);
         box->setPalette(palette);
     }
     if (outcome.txtVEL)

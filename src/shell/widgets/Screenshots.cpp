@@ -2,6 +2,7 @@
 
 #include "common/MessageTable.h"
 #include "common/Waiter.h"
+#include "opdata/widgets/OpDataScreenshots.h"
 #include "shell/widgets/AboutDialog.h"
 #include "shell/widgets/ControllerScreenshots.h"
 #include "shell/widgets/MainWindow.h"
@@ -46,6 +47,7 @@ int Screenshots::take(MainWindow& window, const QString& dir)
     window.alarms().showAlarm(false);
     window.alarms().setStatusText({});
     ok &= ControllerScreenshots::take(window, dir);
+    ok &= OpDataScreenshots::take(window, dir);
 
     AboutDialog about(window.prompter(), &window);
     about.Form_Load();
