@@ -83,7 +83,8 @@ bool OpDataEntryFields::keyPress(QLineEdit* box, QKeyEvent* event)
     const QString typed = event->text();
     if (typed.isEmpty() || typed == u"\t" || (event->modifiers() & Qt::ControlModifier))
         return false;
-    switch (keyAction(box, typed.front())) {
+    const KeyAction action = keyAction(box, typed.front());
+    switch (action) {
     case KeyAction::Accept:
         return false;
     case KeyAction::Refuse:
@@ -93,7 +94,7 @@ bool OpDataEntryFields::keyPress(QLineEdit* box, QKeyEvent* event)
         // Off and on again: the focus moves on and the leave rule runs.
         box->setEnabled(false);
         box->setEnabled(true);
-        if (keyAction(box, EnterKey) == KeyAction::EnterToWriteButton)
+        if (action == KeyAction::EnterToWriteButton)
             m_page.cmdLoadtoCt->setFocus(Qt::OtherFocusReason);
         return true;
     }

@@ -31,7 +31,6 @@ public:
     // them elsewhere.
     void usePrinter(OpDataPrintCommand::PrintFunction print) { m_print = std::move(print); }
 
-    const OpDataState& state() const { return m_state; }
     MoveRun& moveRun() { return *m_moveRun; }
     IoMonitor& monitor() { return *m_monitor; }
 
