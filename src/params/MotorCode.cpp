@@ -16,6 +16,6 @@ MotorCodeParts SplitMotorCode(const QString& motorCode)
         return parts;
     parts.sizeText = motorCode.left(letterPos);
     parts.letter = motorCode.mid(letterPos, 1);
-    parts.motorNumber = int(LeadingNumber(motorCode.right(3)));
+    parts.motorNumber = RoundToInt16(LeadingNumber(motorCode.right(3)));
     return parts;
 }

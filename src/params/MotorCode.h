@@ -16,5 +16,6 @@ struct MotorCodeParts {
 
 // Cuts a motor code back into its pieces: the last three characters are the
 // number, the one before them the letter, the rest the size text (so "E35"
-// sizes come back whole).
+// sizes come back whole). A number too large for its field ("9e9") is a
+// RuntimeError Overflow, as for any other entry.
 MotorCodeParts SplitMotorCode(const QString& motorCode);

@@ -38,12 +38,20 @@ QString fieldBytes(qint64 value, int digits)
     return out;
 }
 
+// The size as the number of its byte; a size text whose number does not fit
+// the byte ("1e99" from a file) is sent as "X" like any other such value.
+QString sizeNumberByte(const QString& sizeText)
+{
+    const double n = LeadingNumber(SizeNumberText(sizeText));
+    return HexPad(n >= 0 && n <= 0xFF ? qint64(n) : -1, 2);
+}
+
 QString encodeField(const ParaMapRow& row, const ParaSet& set)
 {
     const ParaAxis& axis = set.axis;
     switch (row.codec) {
     case ParaCodec::SizeNumber:
-        return HexPad(qint64(LeadingNumber(SizeNumberText(axis.sizeText))), 2);
+        return sizeNumberByte(axis.sizeText);
     case ParaCodec::LetterCode: {
         const QString letter = WrittenLetter(axis.sizeText, axis.letter);
         return letter.isEmpty() ? QStringLiteral("00") : HexPad(letter.at(0).unicode(), 2);

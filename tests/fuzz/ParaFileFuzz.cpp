@@ -1,11 +1,12 @@
 // The parameter file (.pmt) on arbitrary bytes, through the page's Open:
 // read, taken into the set, shown. Whatever the file holds, the outcome is
 // one of the documented ones, and a set that passes the value check is
-// saved and read back unchanged.
+// saved and read back unchanged and can be coded for the controller.
 #include "CountingPrompter.h"
 #include "FixedFileChooser.h"
 #include "FuzzEnvironment.h"
 
+#include "params/ParaBlockCodec.h"
 #include "params/ParaData.h"
 #include "params/ParaEntries.h"
 #include "params/ParaFile.h"
@@ -71,6 +72,19 @@ void checkRoundTrip(const ParaSet& set)
     FUZZ_CHECK(sameSet(saved, back));
 }
 
+// A valid set is what Write to C/T sends: three blocks of a digit and 16
+// bytes, where a value that does not fit its field shows as "X".
+void checkBlocks(const ParaSet& set)
+{
+    const std::array<QString, 3> blocks = EncodeParaBlocks(set);
+    for (int b = 0; b < 3; ++b) {
+        const QString& block = blocks.at(size_t(b));
+        FUZZ_CHECK(block.startsWith(QString::number(b)) && block.size() <= 33);
+        for (const QChar c : block)
+            FUZZ_CHECK(QStringLiteral("0123456789ABCDEFX").contains(c));
+    }
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
@@ -92,7 +106,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     }
     // Taken and shown (the file named) only after a clean read.
     FUZZ_CHECK((page.fileName == path) == (result == 0 && prompter.count == 0));
-    if (result == 0 && prompter.count == 0 && ParametaValueCheck(page.set) == 0)
+    if (result == 0 && prompter.count == 0 && ParametaValueCheck(page.set) == 0) {
         checkRoundTrip(page.set);
+        checkBlocks(page.set);
+    }
     return 0;
 }

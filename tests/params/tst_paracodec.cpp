@@ -147,9 +147,11 @@ private slots:
         ParaSet set = Size28Set();
         set.etc.inpWid = 999;
         set.home.offset = 70000;
+        set.axis.sizeText = QStringLiteral("1e99");
         const auto blocks = EncodeParaBlocks(set);
         QCOMPARE(blocks[2].mid(1 + 20, 3), QStringLiteral("X05"));
         QVERIFY(blocks[0].startsWith(QStringLiteral("0X70")));
+        QCOMPARE(blocks[1].mid(1 + 18, 3), QStringLiteral("X4C"));
     }
 
     void writeThenReadGivesTheSameSet()

@@ -148,6 +148,7 @@ private slots:
         QTest::newRow("more values than entries")
             << QByteArray("\"QM-KTR\",\"PRM\"\r\n1\r\n\"HOME\",45,1\r\n") + QByteArray("1\r\n").repeated(45);
         QTest::newRow("seven sections counted") << QByteArray(Size28File).replace("\r\n6\r\n", "\r\n7\r\n");
+        QTest::newRow("motor number too large") << QByteArray(Size28File).replace("28L100", "28L9e9");
     }
     void brokenFiles()
     {
