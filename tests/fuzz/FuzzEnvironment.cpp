@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QLoggingCategory>
 
 FuzzEnvironment& FuzzEnvironment::instance()
 {
@@ -22,6 +23,8 @@ FuzzEnvironment::FuzzEnvironment()
     static QCoreApplication app(argc, argv);
     if (!m_dir.isValid())
         qFatal("no scratch folder: %s", qPrintable(m_dir.errorString()));
+    // The link's own log lines would cost more than the runs themselves.
+    QLoggingCategory::setFilterRules(QStringLiteral("ktr.*=false"));
     DataFiles::setProgramFolder(m_dir.path());
     Settings::useLocation(m_dir.path());
     ProgramState::instance().gMsgBase = 10000;
