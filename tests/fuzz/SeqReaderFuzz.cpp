@@ -29,8 +29,9 @@ QList<SeqReader::Item> readAll(const QByteArray& content)
     return items;
 }
 
-// Decimal texts the reader calls numbers are numbers to a plain C-locale
-// parse as well (with "D" as the exponent letter the runtime also knows).
+// Decimal texts the reader calls numbers are written in ASCII and have the
+// value a plain C-locale parse gives them (with "D" as the exponent letter
+// the runtime also knows); they round to the nearest integer or overflow.
 void checkNumber(const QString& text)
 {
     const bool numeric = IsNumeric(text);
