@@ -8,6 +8,7 @@
 #include "link/Link.h"
 #include "link/Prompter.h"
 #include "link/SequenceContext.h"
+#include "params/ParaCommandFrame.h"
 #include "params/ParaCtRead.h"
 #include "params/ParaData.h"
 #include "params/ParaFileCommands.h"
@@ -30,14 +31,7 @@ ParaReadCommand::ParaReadCommand(SequenceContext& ctx, ParaData& data, DeviceLis
 
 void ParaReadCommand::cmdParaRead_Click(ParaScreen& screen)
 {
-    m_ctx.lock.Menyu_Muko();
-    m_ctx.lock.ParaCMDBTN_Muko();
-    ProgramState::instance().gCommBusy = true;
-    GetParametaValue(screen);
-    ProgramState::instance().gCommBusy = false;
-    m_ctx.link.CloseCommPort();
-    m_ctx.lock.ParaCMDBTN_Yuko();
-    m_ctx.lock.Menyu_Yuko();
+    runParaTransaction(m_ctx, [&] { GetParametaValue(screen); });
 }
 
 int ParaReadCommand::GetParametaValue(ParaScreen& screen)

@@ -7,6 +7,7 @@
 #include "link/Link.h"
 #include "link/Prompter.h"
 #include "link/SequenceContext.h"
+#include "params/ParaCommandFrame.h"
 #include "params/ParaCompare.h"
 #include "params/ParaCtRead.h"
 #include "params/ParaData.h"
@@ -21,14 +22,7 @@ ParaVerifyCommand::ParaVerifyCommand(SequenceContext& ctx, ParaData& data)
 
 void ParaVerifyCommand::cmdConpareCT_Click(const ParaScreen& screen)
 {
-    m_ctx.lock.Menyu_Muko();
-    m_ctx.lock.ParaCMDBTN_Muko();
-    ProgramState::instance().gCommBusy = true;
-    CompareWithController(screen);
-    ProgramState::instance().gCommBusy = false;
-    m_ctx.link.CloseCommPort();
-    m_ctx.lock.ParaCMDBTN_Yuko();
-    m_ctx.lock.Menyu_Yuko();
+    runParaTransaction(m_ctx, [&] { CompareWithController(screen); });
 }
 
 void ParaVerifyCommand::cmdConpareFile_Click(const ParaScreen& screen)

@@ -7,6 +7,7 @@
 #include "link/Link.h"
 #include "link/Prompter.h"
 #include "link/SequenceContext.h"
+#include "params/ParaCommandFrame.h"
 #include "params/ActuatorSize.h"
 #include "params/ParaBlockCodec.h"
 #include "params/ParaData.h"
@@ -41,14 +42,7 @@ ParaWriteCommand::ParaWriteCommand(SequenceContext& ctx, ParaData& data)
 
 void ParaWriteCommand::cmdParaWrite_Click(const ParaScreen& screen)
 {
-    m_ctx.lock.Menyu_Muko();
-    m_ctx.lock.ParaCMDBTN_Muko();
-    ProgramState::instance().gCommBusy = true;
-    WriteParaWorker(screen);
-    ProgramState::instance().gCommBusy = false;
-    m_ctx.link.CloseCommPort();
-    m_ctx.lock.ParaCMDBTN_Yuko();
-    m_ctx.lock.Menyu_Yuko();
+    runParaTransaction(m_ctx, [&] { WriteParaWorker(screen); });
 }
 
 int ParaWriteCommand::WriteParaWorker(const ParaScreen& screen)

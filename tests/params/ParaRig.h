@@ -30,6 +30,7 @@ public:
     void Menyu_Yuko() override { calls << QStringLiteral("Menyu_Yuko"); }
     void ParaCMDBTN_Muko() override { calls << QStringLiteral("ParaCMDBTN_Muko"); }
     void ParaCMDBTN_Yuko() override { calls << QStringLiteral("ParaCMDBTN_Yuko"); }
+    void setTabsEnabled(bool on) override { calls << (on ? QStringLiteral("tabs on") : QStringLiteral("tabs off")); }
     QStringList calls;
 };
 

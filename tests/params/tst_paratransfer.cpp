@@ -72,7 +72,7 @@ private slots:
         QCOMPARE(rig.screen.txtDenryu, QStringLiteral("1.5"));
         QVERIFY(!rig.data.paraEdited);
         QCOMPARE(rig.progress.calls, (QStringList{"bar 4", "bar = 1", "bar = 2", "bar = 3", "bar hidden"}));
-        QCOMPARE(rig.lock.calls, (QStringList{"Menyu_Muko", "ParaCMDBTN_Muko", "ParaCMDBTN_Yuko", "Menyu_Yuko"}));
+        QCOMPARE(rig.lock.calls, (QStringList{"Menyu_Muko", "ParaCMDBTN_Muko", "tabs off", "tabs on", "ParaCMDBTN_Yuko", "Menyu_Yuko"}));
         QVERIFY(!ProgramState::instance().gCommBusy);
         QVERIFY(!rig.port.isOpen());
     }
@@ -204,7 +204,7 @@ private slots:
                                                   "window = 3", "window = 4", "window hidden"}));
         QVERIFY(!rig.data.paraEdited);
         QVERIFY(!ProgramState::instance().gCommBusy);
-        QCOMPARE(rig.lock.calls, (QStringList{"Menyu_Muko", "ParaCMDBTN_Muko", "ParaCMDBTN_Yuko", "Menyu_Yuko"}));
+        QCOMPARE(rig.lock.calls, (QStringList{"Menyu_Muko", "ParaCMDBTN_Muko", "tabs off", "tabs on", "ParaCMDBTN_Yuko", "Menyu_Yuko"}));
     }
 
     void writeOfTheSpecialActuatorSendsSeven()
