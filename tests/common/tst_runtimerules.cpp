@@ -32,8 +32,7 @@ private slots:
     void leadingNumber()
     {
         QFETCH(QString, text);
-        QFETCH(double, expected);
-        QCOMPARE(LeadingNumber(text), expected);
+        QTEST(LeadingNumber(text), "expected");
     }
 
     void roundToInt16_data()
@@ -56,13 +55,12 @@ private slots:
     void roundToInt16()
     {
         QFETCH(double, value);
-        QFETCH(int, expected);
         QFETCH(bool, overflows);
         if (overflows) {
             QVERIFY_THROWS_EXCEPTION(RuntimeError, RoundToInt16(value));
             return;
         }
-        QCOMPARE(int(RoundToInt16(value)), expected);
+        QTEST(int(RoundToInt16(value)), "expected");
     }
 
     void strictTextConversion()
@@ -107,8 +105,7 @@ private slots:
         QFETCH(bool, hex);
         QFETCH(qint64, value);
         QFETCH(int, width);
-        QFETCH(QString, expected);
-        QCOMPARE(hex ? HexPad(value, width) : DecPad(value, width), expected);
+        QTEST(hex ? HexPad(value, width) : DecPad(value, width), "expected");
     }
 
     void stripLeadingZeros_data()
@@ -124,9 +121,8 @@ private slots:
     void stripLeadingZeros()
     {
         QFETCH(QString, text);
-        QFETCH(QString, expected);
         StripLeadingZeros(text);
-        QCOMPARE(text, expected);
+        QTEST(text, "expected");
     }
 };
 

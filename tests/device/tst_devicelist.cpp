@@ -155,9 +155,8 @@ private slots:
     void sizeKeyMatchesExactly()
     {
         QFETCH(QString, size);
-        QFETCH(int, result);
         writeList("2\r\n\"28L-100\",\"\",\"\",\"\",\"\"\r\n\"35\",\"\",\"\",\"\",\"\"\r\n");
-        QCOMPARE(DeviceList::FindSizeInDeviceList(QStringLiteral("QM"), size, prompter), result);
+        QTEST(DeviceList::FindSizeInDeviceList(QStringLiteral("QM"), size, prompter), "result");
         QVERIFY(prompter.shown.isEmpty());
     }
 
@@ -184,7 +183,6 @@ private slots:
     {
         QFETCH(QByteArray, content);
         QFETCH(QString, before);
-        QFETCH(QString, after);
         writeList(content);
         DeviceList list;
         SizeListBox comboActSize;
@@ -194,7 +192,7 @@ private slots:
         QCOMPARE(itemTexts(comboActSize), (QStringList{"28", "35", "42", "SP"}));
         for (int i = 0; i < 4; ++i)
             QCOMPARE(comboActSize.itemData(i), i);
-        QCOMPARE(comboActSize.text(), after);
+        QTEST(comboActSize.text(), "after");
     }
 
     void actSizeListWithoutAFile()
@@ -223,14 +221,11 @@ private slots:
     void dialogModeFromTheTypeCode()
     {
         QFETCH(int, type);
-        QFETCH(bool, mode);
-        QFETCH(bool, known);
-        QFETCH(bool, done);
         SetDeviceDialogMode(qint16(type));
         const ProgramState& g = ProgramState::instance();
-        QCOMPARE(g.gDeviceDialogMode, mode);
-        QCOMPARE(g.gDeviceKnown, known);
-        QCOMPARE(g.gDeviceSetDone, done);
+        QTEST(g.gDeviceDialogMode, "mode");
+        QTEST(g.gDeviceKnown, "known");
+        QTEST(g.gDeviceSetDone, "done");
     }
 
     void dialogLoad_data()
@@ -249,7 +244,6 @@ private slots:
         QFETCH(bool, mode);
         QFETCH(bool, pgUse);
         QFETCH(QString, mainSize);
-        QFETCH(QString, chosen);
         ProgramState& g = ProgramState::instance();
         g.gDeviceDialogMode = mode;
         g.gPgUse = pgUse;
@@ -257,7 +251,7 @@ private slots:
         DeviceSelection dialog(list, prompter);
         dialog.Form_Load(mainSize);
         QCOMPARE(itemTexts(dialog.comboDeviceSize), (QStringList{"28", "35", "42", "SP"}));
-        QCOMPARE(dialog.comboDeviceSize.text(), chosen);
+        QTEST(dialog.comboDeviceSize.text(), "chosen");
         QCOMPARE(dialog.chkDevPgUse, pgUse ? 1 : 0);
         QVERIFY(dialog.chkDevPgUseEnabled && dialog.chkDevPgUseVisible);
         QCOMPARE(dialog.familyText, mode ? QStringLiteral("QM") : QString());

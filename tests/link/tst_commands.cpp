@@ -111,7 +111,6 @@ private slots:
         QFETCH(QString, routine);
         QFETCH(QByteArray, frame);
         QFETCH(QByteArray, reply);
-        QFETCH(int, timeoutMs);
         LinkRig rig;
         CommandSet commands(rig.link);
         rig.port.answer(frame, reply);
@@ -119,7 +118,7 @@ private slots:
         QCOMPARE(routines().value(routine)(commands), 0);
 
         QCOMPARE(rig.port.frames, Frames{frame});
-        QCOMPARE(int(rig.link.gTimeoutMs), timeoutMs);
+        QTEST(int(rig.link.gTimeoutMs), "timeoutMs");
         QCOMPARE(commands.reply(), QString::fromLatin1(reply));
         QVERIFY(rig.prompter.shown.isEmpty());
     }
@@ -139,11 +138,10 @@ private slots:
     void runStatus()
     {
         QFETCH(QByteArray, reply);
-        QFETCH(int, status);
         LinkRig rig;
         CommandSet commands(rig.link);
         rig.port.answer("0RA", reply);
-        QCOMPARE(commands.ReadRunStatus(), status);
+        QTEST(commands.ReadRunStatus(), "status");
         QCOMPARE(rig.port.frames, Frames{"0RA"});
     }
 
@@ -276,7 +274,6 @@ private slots:
     {
         QFETCH(Frames, requests);
         QFETCH(Frames, replies);
-        QFETCH(Frames, sent);
         SequenceRig rig;
         for (int i = 0; i < requests.size(); ++i)
             rig.port.answer(requests[i], replies[i]);
@@ -285,7 +282,7 @@ private slots:
 
         QCOMPARE(VersionQuery(rig.context).run(), 1);
 
-        QCOMPARE(rig.port.frames, sent);
+        QTEST(rig.port.frames, "sent");
         QVERIFY(!rig.prompter.lastText().startsWith(QStringLiteral("The version")));
         QCOMPARE(rig.lock.calls, (QStringList{"CMDBTN_Muko", "Menyu_Muko", "CMDBTN_Yuko", "Menyu_Yuko"}));
         QVERIFY(!ProgramState::instance().gCommBusy);

@@ -5,56 +5,10 @@
 #include "link/QtSerialPort.h"
 #include "shell/Settings.h"
 
+#include "support/PtyController.h"
+
 #include <QSignalSpy>
 #include <QTest>
-
-#include <fcntl.h>
-#include <stdlib.h>
-#include <unistd.h>
-
-namespace {
-
-// The controller end of a pseudo-terminal; the port under test opens the
-// other end by its device name.
-class PtyController {
-public:
-    PtyController()
-    {
-        m_fd = posix_openpt(O_RDWR | O_NOCTTY);
-        if (m_fd >= 0 && grantpt(m_fd) == 0 && unlockpt(m_fd) == 0)
-            m_device = QString::fromLocal8Bit(ptsname(m_fd));
-    }
-    ~PtyController() { hangUp(); }
-
-    QString device() const { return m_device; }
-    void send(const QByteArray& bytes) { QVERIFY(::write(m_fd, bytes.data(), bytes.size()) == bytes.size()); }
-    QByteArray receive(qsizetype count)
-    {
-        QByteArray out;
-        fcntl(m_fd, F_SETFL, fcntl(m_fd, F_GETFL) | O_NONBLOCK);
-        for (int tries = 0; tries < 200 && out.size() < count; ++tries) {
-            char buffer[256];
-            const ssize_t n = ::read(m_fd, buffer, sizeof buffer);
-            if (n > 0)
-                out.append(buffer, n);
-            else
-                QTest::qWait(5);
-        }
-        return out;
-    }
-    void hangUp()
-    {
-        if (m_fd >= 0)
-            ::close(m_fd);
-        m_fd = -1;
-    }
-
-private:
-    int m_fd = -1;
-    QString m_device;
-};
-
-} // namespace
 
 class TestPorts : public QObject {
     Q_OBJECT
@@ -145,7 +99,6 @@ private slots:
         QFETCH(int, inMemory);
         QFETCH(QString, stored);
         QFETCH(QString, device);
-        QFETCH(int, portNoAfter);
         LinkRig rig;
         if (!stored.isEmpty())
             Settings::writeText(QStringLiteral("PortNo"), stored);
@@ -154,7 +107,7 @@ private slots:
         QCOMPARE(rig.link.OpenCommPort(), 0);
 
         QCOMPARE(rig.port.opened, QStringList{device});
-        QCOMPARE(int(ProgramState::instance().gPortNo), portNoAfter);
+        QTEST(int(ProgramState::instance().gPortNo), "portNoAfter");
         QCOMPARE(rig.port.lastSettings, QStringLiteral("9600,N,8,1"));
     }
 
@@ -271,13 +224,13 @@ private slots:
         QCOMPARE(controller.receive(5), QByteArray("0RV\r\n"));
 
         QSignalSpy ready(&port, &SerialPort::readyRead);
-        controller.send("0RVK01100\r\n");
+        QVERIFY(controller.send("0RVK01100\r\n"));
         QByteArray got;
         QTRY_VERIFY((got += port.readAll()).size() >= 11);
         QCOMPARE(got, QByteArray("0RVK01100\r\n"));
         QVERIFY(ready.size() >= 1);
 
-        controller.send("stale");
+        QVERIFY(controller.send("stale"));
         QTRY_VERIFY(port.bytesAvailable() > 0);
         port.discardInput();
         QCOMPARE(port.bytesAvailable(), qint64(0));

@@ -21,8 +21,14 @@ PtyController::PtyController()
 
 PtyController::~PtyController()
 {
+    hangUp();
+}
+
+void PtyController::hangUp()
+{
     if (m_fd >= 0)
         ::close(m_fd);
+    m_fd = -1;
 }
 
 void PtyController::readAvailable()
@@ -46,4 +52,20 @@ bool PtyController::answer(const QByteArray& request, const QByteArray& reply, i
     m_received.remove(0, m_received.indexOf(line) + line.size());
     const QByteArray out = reply + "\r\n";
     return ::write(m_fd, out.constData(), size_t(out.size())) == out.size();
+}
+
+bool PtyController::send(const QByteArray& bytes)
+{
+    return ::write(m_fd, bytes.constData(), size_t(bytes.size())) == bytes.size();
+}
+
+QByteArray PtyController::receive(qsizetype count, int timeoutMs)
+{
+    QElapsedTimer clock;
+    clock.start();
+    for (readAvailable(); m_received.size() < count && clock.elapsed() <= timeoutMs; readAvailable())
+        Waiter::sleep(PollMs);
+    const QByteArray out = m_received.left(count);
+    m_received.remove(0, out.size());
+    return out;
 }

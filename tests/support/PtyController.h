@@ -19,6 +19,12 @@ public:
     // (CR LF added). false when the request did not come in time.
     bool answer(const QByteArray& request, const QByteArray& reply, int timeoutMs = 5000);
 
+    bool send(const QByteArray& bytes);
+    // Whatever has arrived, up to count bytes or until the time is up.
+    QByteArray receive(qsizetype count, int timeoutMs = 1000);
+    // Closes the controller's end, as a pulled cable does.
+    void hangUp();
+
 private:
     void readAvailable();
 
