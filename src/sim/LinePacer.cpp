@@ -2,6 +2,16 @@
 
 #include <algorithm>
 
+namespace {
+
+// Timers tick in whole milliseconds. A character goes out at the tick
+// nearest to the moment its stop bit ends, so a burst is on time on average
+// instead of half a tick late every time.
+constexpr qint64 TickNs = 1'000'000;
+constexpr qint64 HalfTickNs = TickNs / 2;
+
+} // namespace
+
 LinePacer::LinePacer(QObject* parent)
     : QObject(parent)
 {
@@ -39,7 +49,7 @@ void LinePacer::clear()
 
 void LinePacer::letOutDue()
 {
-    const qint64 elapsed = m_clock.nsecsElapsed() - m_busySinceNs;
+    const qint64 elapsed = m_clock.nsecsElapsed() - m_busySinceNs + HalfTickNs;
     const qint64 due = std::min<qint64>(elapsed / CharNs - m_sent, m_pending.size());
     if (due > 0) {
         const QByteArray out = m_pending.left(due);
@@ -56,5 +66,5 @@ void LinePacer::scheduleNext()
         return;
     const qint64 nextDoneNs = m_busySinceNs + (m_sent + 1) * CharNs;
     const qint64 waitNs = std::max<qint64>(0, nextDoneNs - m_clock.nsecsElapsed());
-    m_timer.start(int((waitNs + 999'999) / 1'000'000));
+    m_timer.start(int((waitNs + HalfTickNs) / TickNs));
 }

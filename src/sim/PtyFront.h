@@ -24,7 +24,14 @@ public:
     // errorString when the system refuses.
     bool open(QString* errorString);
     QString devicePath() const { return m_path; }
-    void setPacing(bool on) { m_pacer.setEnabled(on); }
+    // Paces both ways: the terminal hands over a request the moment the
+    // client writes it, while on a cable its last character arrives only
+    // after the request's line time.
+    void setPacing(bool on)
+    {
+        m_pacer.setEnabled(on);
+        m_requestPacer.setEnabled(on);
+    }
 
 signals:
     // Reading from the terminal failed for good.
@@ -37,6 +44,7 @@ private:
 
     SimController& m_controller;
     LinePacer m_pacer;
+    LinePacer m_requestPacer;
     int m_master = -1;
     int m_terminal = -1;
     QString m_path;
