@@ -1,6 +1,7 @@
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
 #include "common/Waiter.h"
+#include "shell/FirstPaintLog.h"
 #include "shell/HelpModule.h"
 #include "shell/LanguageResources.h"
 #include "shell/LanguageStartup.h"
@@ -51,6 +52,7 @@ int main(int argc, char** argv)
     MainWindow window(options);
     window.help = help;
     window.Form_Load();
+    new FirstPaintLog(window);
     window.show();
     window.mParaDispRefresh = true;
     window.mPosiDispRefresh = true;
