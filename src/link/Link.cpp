@@ -203,9 +203,11 @@ QString Link::deviceOf(int n) const
     return d->deviceOf(n);
 }
 
+// Only logged: the user hears of it through the message of the transaction
+// that fails, and ktrctl's stderr carries nothing else.
 void Link::Private::onLost()
 {
-    qCWarning(lcLink) << "serial device lost; it is opened again by the next transaction";
+    qCInfo(lcLink) << "serial device lost; it is opened again by the next transaction";
     q->ClosePortNow();
 }
 

@@ -87,7 +87,7 @@ void QtSerialPort::onError(QSerialPort::SerialPortError error)
     if (!gone || !m_port->isOpen())
         return;
     m_error = m_port->errorString();
-    qCWarning(lcLink) << "serial device" << m_port->portName() << "lost:" << m_error;
+    qCInfo(lcLink) << "serial device" << m_port->portName() << "lost:" << m_error;
     m_port->close();
     emit lost();
 }
