@@ -24,30 +24,6 @@
 #include <QTabWidget>
 #include <QtTest>
 
-// The enabling routines act on their controls by name and in their order;
-// the progress bar and the transfer window show the transfers.
-class TestMainWindowLock : public QObject {
-    Q_OBJECT
-
-private slots:
-    void init() { ProgramState::reset(); }
-
-    void routineTouchesItsListInOrder_data();
-    void routineTouchesItsListInOrder();
-    void moveEnableFollowsTheDwellChoices_data();
-    void moveEnableFollowsTheDwellChoices();
-    void versionItemComesBackEnabled();
-    void everyNamedControlExistsOnTheMainWindow();
-    void commandButtonsLockTheMoveTest();
-    void moveRunKeepsStopUsable();
-    void menusDisableWholeMenus();
-    void progressBarOverStatusBar();
-    void transferWindow();
-
-private:
-    TempSettings m_settings;
-};
-
 namespace {
 
 // A form whose controls lie side by side, so that every enabled change
@@ -119,231 +95,240 @@ private:
 
 } // namespace
 
-void TestMainWindowLock::routineTouchesItsListInOrder_data()
-{
-    QTest::addColumn<QString>("routine");
-    QTest::addColumn<bool>("disables");
-    QTest::addColumn<QStringList>("order");
+// The enabling routines act on their controls by name and in their order;
+// the progress bar and the transfer window show the transfers.
+class TestMainWindowLock : public QObject {
+    Q_OBJECT
 
-    const QStringList cmd = {"cmdFileOpen", "cmdSaveFile", "cmdLoadtoCt", "cmdGetfromCt",
-        "cmdDataPrint", "cmdFilePrint", "Frame2", "cmdMOVE", "cmdSTOP", "cmdHOME", "Frame1",
-        "cmdIoMonitor", "Frame4", "cmdRESET"};
-    const QStringList home = {"cmdFileOpen", "cmdSaveFile", "cmdLoadtoCt", "cmdGetfromCt",
-        "cmdDataPrint", "cmdFilePrint", "Frame2", "cmdIoMonitor", "Frame4", "cmdRESET", "cmdMOVE",
-        "cmdSTOP", "optSTEP", "optCNT", "chkTimerUse"};
-    const QStringList para = {"cmdReadParaFile", "cmdSaveParaFile", "cmdConpareFile",
-        "cmdParaFilePrint", "cmdParaPrint", "cmdIniPrm", "cmdParaRead", "cmdParaWrite", "cmdConpareCT"};
+private slots:
+    void init() { ProgramState::reset(); }
 
-    QTest::newRow("CMDBTN_Muko") << "CMDBTN_Muko" << true << cmd;
-    QTest::newRow("CMDBTN_Yuko") << "CMDBTN_Yuko" << false << cmd;
-    QTest::newRow("Menyu_Muko") << "Menyu_Muko" << true << QStringList{"mnuFileOpen",
-        "mnuFileGetfromCt", "mnuFileSave", "mnuFileSaveAs", "mnuFileLoadtoCt", "mnuFilePrint",
-        "mnuModeChange", "mnuView", "mnuCont"};
-    QTest::newRow("Menyu_Yuko") << "Menyu_Yuko" << false << QStringList{"mnuFileOpen",
-        "mnuFileGetfromCt", "mnuFileSave", "mnuFileSaveAs", "mnuFileLoadtoCt", "mnuFilePrint",
-        "mnuShowCtversion", "mnuModeChange", "mnuView", "mnuCont"};
-    QTest::newRow("HOMEBTN_Muko") << "HOMEBTN_Muko" << true << home;
-    QTest::newRow("HOMEBTN_Yuko") << "HOMEBTN_Yuko" << false << home;
-    QTest::newRow("MoveCMDBTN_Muko") << "MoveCMDBTN_Muko" << true << QStringList{"optSTEP",
-        "optCNT", "cmdMOVE", "chkTimerUse", "txtTimer", "cmdHOME", "cmdFileOpen", "cmdSaveFile",
-        "cmdLoadtoCt", "cmdGetfromCt", "cmdDataPrint", "cmdFilePrint", "Frame2", "cmdIoMonitor",
-        "Frame4", "cmdRESET"};
-    QTest::newRow("ParaCMDBTN_Muko") << "ParaCMDBTN_Muko" << true << para;
-    QTest::newRow("ParaCMDBTN_Yuko") << "ParaCMDBTN_Yuko" << false << para;
-}
+    void routineTouchesItsListInOrder_data()
+    {
+        QTest::addColumn<QString>("routine");
+        QTest::addColumn<bool>("disables");
+        QTest::addColumn<QStringList>("order");
 
-void TestMainWindowLock::routineTouchesItsListInOrder()
-{
-    QFETCH(QString, routine);
-    QFETCH(bool, disables);
-    FlatForm form;
-    MainWindowLock lock(&form);
-    QVERIFY(lock.missingControls().isEmpty());
-    form.setAll(disables);
+        const QStringList cmd = {"cmdFileOpen", "cmdSaveFile", "cmdLoadtoCt", "cmdGetfromCt",
+            "cmdDataPrint", "cmdFilePrint", "Frame2", "cmdMOVE", "cmdSTOP", "cmdHOME", "Frame1",
+            "cmdIoMonitor", "Frame4", "cmdRESET"};
+        const QStringList home = {"cmdFileOpen", "cmdSaveFile", "cmdLoadtoCt", "cmdGetfromCt",
+            "cmdDataPrint", "cmdFilePrint", "Frame2", "cmdIoMonitor", "Frame4", "cmdRESET", "cmdMOVE",
+            "cmdSTOP", "optSTEP", "optCNT", "chkTimerUse"};
+        const QStringList para = {"cmdReadParaFile", "cmdSaveParaFile", "cmdConpareFile",
+            "cmdParaFilePrint", "cmdParaPrint", "cmdIniPrm", "cmdParaRead", "cmdParaWrite", "cmdConpareCT"};
 
-    const QHash<QString, void (MainWindowLock::*)()> routines = {
-        {"CMDBTN_Muko", &MainWindowLock::CMDBTN_Muko}, {"CMDBTN_Yuko", &MainWindowLock::CMDBTN_Yuko},
-        {"Menyu_Muko", &MainWindowLock::Menyu_Muko}, {"Menyu_Yuko", &MainWindowLock::Menyu_Yuko},
-        {"HOMEBTN_Muko", &MainWindowLock::HOMEBTN_Muko}, {"HOMEBTN_Yuko", &MainWindowLock::HOMEBTN_Yuko},
-        {"MoveCMDBTN_Muko", &MainWindowLock::MoveCMDBTN_Muko},
-        {"ParaCMDBTN_Muko", &MainWindowLock::ParaCMDBTN_Muko},
-        {"ParaCMDBTN_Yuko", &MainWindowLock::ParaCMDBTN_Yuko}};
-    (lock.*routines.value(routine))();
+        QTest::newRow("CMDBTN_Muko") << "CMDBTN_Muko" << true << cmd;
+        QTest::newRow("CMDBTN_Yuko") << "CMDBTN_Yuko" << false << cmd;
+        QTest::newRow("Menyu_Muko") << "Menyu_Muko" << true << QStringList{"mnuFileOpen",
+            "mnuFileGetfromCt", "mnuFileSave", "mnuFileSaveAs", "mnuFileLoadtoCt", "mnuFilePrint",
+            "mnuModeChange", "mnuView", "mnuCont"};
+        QTest::newRow("Menyu_Yuko") << "Menyu_Yuko" << false << QStringList{"mnuFileOpen",
+            "mnuFileGetfromCt", "mnuFileSave", "mnuFileSaveAs", "mnuFileLoadtoCt", "mnuFilePrint",
+            "mnuShowCtversion", "mnuModeChange", "mnuView", "mnuCont"};
+        QTest::newRow("HOMEBTN_Muko") << "HOMEBTN_Muko" << true << home;
+        QTest::newRow("HOMEBTN_Yuko") << "HOMEBTN_Yuko" << false << home;
+        QTest::newRow("MoveCMDBTN_Muko") << "MoveCMDBTN_Muko" << true << QStringList{"optSTEP",
+            "optCNT", "cmdMOVE", "chkTimerUse", "txtTimer", "cmdHOME", "cmdFileOpen", "cmdSaveFile",
+            "cmdLoadtoCt", "cmdGetfromCt", "cmdDataPrint", "cmdFilePrint", "Frame2", "cmdIoMonitor",
+            "Frame4", "cmdRESET"};
+        QTest::newRow("ParaCMDBTN_Muko") << "ParaCMDBTN_Muko" << true << para;
+        QTest::newRow("ParaCMDBTN_Yuko") << "ParaCMDBTN_Yuko" << false << para;
+    }
+    void routineTouchesItsListInOrder()
+    {
+        QFETCH(QString, routine);
+        QFETCH(bool, disables);
+        FlatForm form;
+        MainWindowLock lock(&form);
+        QVERIFY(lock.missingControls().isEmpty());
+        form.setAll(disables);
 
-    QTEST(form.changes, "order");
-    QFETCH(QStringList, order);
-    for (QObject* o : form.controls)
-        QCOMPARE(o->property("enabled").toBool(), order.contains(o->objectName()) != disables);
-}
+        const QHash<QString, void (MainWindowLock::*)()> routines = {
+            {"CMDBTN_Muko", &MainWindowLock::CMDBTN_Muko}, {"CMDBTN_Yuko", &MainWindowLock::CMDBTN_Yuko},
+            {"Menyu_Muko", &MainWindowLock::Menyu_Muko}, {"Menyu_Yuko", &MainWindowLock::Menyu_Yuko},
+            {"HOMEBTN_Muko", &MainWindowLock::HOMEBTN_Muko}, {"HOMEBTN_Yuko", &MainWindowLock::HOMEBTN_Yuko},
+            {"MoveCMDBTN_Muko", &MainWindowLock::MoveCMDBTN_Muko},
+            {"ParaCMDBTN_Muko", &MainWindowLock::ParaCMDBTN_Muko},
+            {"ParaCMDBTN_Yuko", &MainWindowLock::ParaCMDBTN_Yuko}};
+        (lock.*routines.value(routine))();
 
-void TestMainWindowLock::moveEnableFollowsTheDwellChoices_data()
-{
-    QTest::addColumn<bool>("continuous");
-    QTest::addColumn<bool>("dwell");
-    QTest::addColumn<bool>("dwellBox");
-    QTest::addColumn<bool>("dwellTime");
+        QTEST(form.changes, "order");
+        QFETCH(QStringList, order);
+        for (QObject* o : form.controls)
+            QCOMPARE(o->property("enabled").toBool(), order.contains(o->objectName()) != disables);
+    }
 
-    QTest::newRow("step") << false << false << false << false;
-    QTest::newRow("continuous") << true << false << true << false;
-    QTest::newRow("continuous with dwell") << true << true << true << true;
-    QTest::newRow("step, dwell still ticked") << false << true << false << true;
-}
+    void moveEnableFollowsTheDwellChoices_data()
+    {
+        QTest::addColumn<bool>("continuous");
+        QTest::addColumn<bool>("dwell");
+        QTest::addColumn<bool>("dwellBox");
+        QTest::addColumn<bool>("dwellTime");
 
-void TestMainWindowLock::moveEnableFollowsTheDwellChoices()
-{
-    QFETCH(bool, continuous);
-    QFETCH(bool, dwell);
-    FlatForm form;
-    MainWindowLock lock(&form);
-    qobject_cast<QRadioButton*>(form.control("optCNT"))->setChecked(continuous);
-    qobject_cast<QCheckBox*>(form.control("chkTimerUse"))->setChecked(dwell);
-    form.setAll(false);
-    lock.MoveCMDBTN_Yuko();
+        QTest::newRow("step") << false << false << false << false;
+        QTest::newRow("continuous") << true << false << true << false;
+        QTest::newRow("continuous with dwell") << true << true << true << true;
+        QTest::newRow("step, dwell still ticked") << false << true << false << true;
+    }
+    void moveEnableFollowsTheDwellChoices()
+    {
+        QFETCH(bool, continuous);
+        QFETCH(bool, dwell);
+        FlatForm form;
+        MainWindowLock lock(&form);
+        qobject_cast<QRadioButton*>(form.control("optCNT"))->setChecked(continuous);
+        qobject_cast<QCheckBox*>(form.control("chkTimerUse"))->setChecked(dwell);
+        form.setAll(false);
+        lock.MoveCMDBTN_Yuko();
 
-    QFETCH(bool, dwellBox);
-    QFETCH(bool, dwellTime);
-    QStringList expected = {"optSTEP", "optCNT", "cmdMOVE", "chkTimerUse", "txtTimer", "cmdHOME",
-        "cmdFileOpen", "cmdSaveFile", "cmdLoadtoCt", "cmdGetfromCt", "cmdDataPrint", "cmdFilePrint",
-        "Frame2", "cmdIoMonitor", "Frame4", "cmdRESET"};
-    if (!dwellBox)
-        expected.removeOne("chkTimerUse");
-    if (!dwellTime)
-        expected.removeOne("txtTimer");
-    QCOMPARE(form.changes, expected);
-    QCOMPARE(form.control("chkTimerUse")->property("enabled").toBool(), dwellBox);
-    QCOMPARE(form.control("txtTimer")->property("enabled").toBool(), dwellTime);
-}
+        QFETCH(bool, dwellBox);
+        QFETCH(bool, dwellTime);
+        QStringList expected = {"optSTEP", "optCNT", "cmdMOVE", "chkTimerUse", "txtTimer", "cmdHOME",
+            "cmdFileOpen", "cmdSaveFile", "cmdLoadtoCt", "cmdGetfromCt", "cmdDataPrint", "cmdFilePrint",
+            "Frame2", "cmdIoMonitor", "Frame4", "cmdRESET"};
+        if (!dwellBox)
+            expected.removeOne("chkTimerUse");
+        if (!dwellTime)
+            expected.removeOne("txtTimer");
+        QCOMPARE(form.changes, expected);
+        QCOMPARE(form.control("chkTimerUse")->property("enabled").toBool(), dwellBox);
+        QCOMPARE(form.control("txtTimer")->property("enabled").toBool(), dwellTime);
+    }
 
-void TestMainWindowLock::versionItemComesBackEnabled()
-{
-    FlatForm form;
-    MainWindowLock lock(&form);
-    QObject* version = form.control("mnuShowCtversion");
-    version->setProperty("enabled", false);
-    lock.Menyu_Muko();
-    QVERIFY(!version->property("enabled").toBool());
-    version->setProperty("enabled", true);
-    lock.Menyu_Muko();
-    QVERIFY(version->property("enabled").toBool());
-    version->setProperty("enabled", false);
-    lock.Menyu_Yuko();
-    QVERIFY(version->property("enabled").toBool());
-}
+    void versionItemComesBackEnabled()
+    {
+        FlatForm form;
+        MainWindowLock lock(&form);
+        QObject* version = form.control("mnuShowCtversion");
+        version->setProperty("enabled", false);
+        lock.Menyu_Muko();
+        QVERIFY(!version->property("enabled").toBool());
+        version->setProperty("enabled", true);
+        lock.Menyu_Muko();
+        QVERIFY(version->property("enabled").toBool());
+        version->setProperty("enabled", false);
+        lock.Menyu_Yuko();
+        QVERIFY(version->property("enabled").toBool());
+    }
 
-void TestMainWindowLock::everyNamedControlExistsOnTheMainWindow()
-{
-    MainWindow w;
-    QCOMPARE(static_cast<MainWindowLock&>(w.lock()).missingControls(), QStringList());
-}
+    void everyNamedControlExistsOnTheMainWindow()
+    {
+        MainWindow w;
+        QCOMPARE(static_cast<MainWindowLock&>(w.lock()).missingControls(), QStringList());
+    }
 
-void TestMainWindowLock::commandButtonsLockTheMoveTest()
-{
-    MainWindow w;
-    w.Form_Load();
-    w.lock().CMDBTN_Muko();
-    for (QWidget* c : std::initializer_list<QWidget*>{w.opData->cmdSTOP, w.opData->optCNT,
-                                                      w.opData->cmdRESET, w.opData->comboVEL,
-                                                      w.opData->imgOutputOut1})
-        QVERIFY2(!c->isEnabled(), qPrintable(c->objectName()));
-    QVERIFY(w.para->cmdParaRead->isEnabled());
-    w.lock().CMDBTN_Yuko();
-    for (QWidget* c : std::initializer_list<QWidget*>{w.opData->cmdSTOP, w.opData->optCNT,
-                                                      w.opData->cmdRESET, w.opData->comboVEL,
-                                                      w.opData->imgOutputOut1})
-        QVERIFY2(c->isEnabled(), qPrintable(c->objectName()));
-}
+    void commandButtonsLockTheMoveTest()
+    {
+        MainWindow w;
+        w.Form_Load();
+        w.lock().CMDBTN_Muko();
+        for (QWidget* c : std::initializer_list<QWidget*>{w.opData->cmdSTOP, w.opData->optCNT,
+                                                          w.opData->cmdRESET, w.opData->comboVEL,
+                                                          w.opData->imgOutputOut1})
+            QVERIFY2(!c->isEnabled(), qPrintable(c->objectName()));
+        QVERIFY(w.para->cmdParaRead->isEnabled());
+        w.lock().CMDBTN_Yuko();
+        for (QWidget* c : std::initializer_list<QWidget*>{w.opData->cmdSTOP, w.opData->optCNT,
+                                                          w.opData->cmdRESET, w.opData->comboVEL,
+                                                          w.opData->imgOutputOut1})
+            QVERIFY2(c->isEnabled(), qPrintable(c->objectName()));
+    }
 
-void TestMainWindowLock::moveRunKeepsStopUsable()
-{
-    MainWindow w;
-    w.Form_Load();
-    w.lock().MoveCMDBTN_Muko();
-    w.lock().setTabsEnabled(false);
-    QVERIFY(!w.SSTab1->tabBar()->isEnabled());
-    QVERIFY(w.opData->isEnabled());
-    QVERIFY(w.opData->cmdSTOP->isEnabled());
-    QVERIFY(!w.opData->cmdMOVE->isEnabled());
-    QVERIFY(!w.opData->Frame2->isEnabled());
-    w.lock().MoveCMDBTN_Yuko();
-    w.lock().setTabsEnabled(true);
-    QVERIFY(w.SSTab1->tabBar()->isEnabled());
-    QVERIFY(w.opData->cmdMOVE->isEnabled());
-    QVERIFY(w.opData->comboVEL->isEnabled());
-}
+    void moveRunKeepsStopUsable()
+    {
+        MainWindow w;
+        w.Form_Load();
+        w.lock().MoveCMDBTN_Muko();
+        w.lock().setTabsEnabled(false);
+        QVERIFY(!w.SSTab1->tabBar()->isEnabled());
+        QVERIFY(w.opData->isEnabled());
+        QVERIFY(w.opData->cmdSTOP->isEnabled());
+        QVERIFY(!w.opData->cmdMOVE->isEnabled());
+        QVERIFY(!w.opData->Frame2->isEnabled());
+        w.lock().MoveCMDBTN_Yuko();
+        w.lock().setTabsEnabled(true);
+        QVERIFY(w.SSTab1->tabBar()->isEnabled());
+        QVERIFY(w.opData->cmdMOVE->isEnabled());
+        QVERIFY(w.opData->comboVEL->isEnabled());
+    }
 
-void TestMainWindowLock::menusDisableWholeMenus()
-{
-    MainWindow w;
-    w.Form_Load();
-    w.lock().Menyu_Muko();
-    QVERIFY(!w.mnuView->menuAction()->isEnabled());
-    QVERIFY(!w.mnuCont->menuAction()->isEnabled());
-    QVERIFY(!w.mnuModeChange->menuAction()->isEnabled());
-    QVERIFY(!w.mnuFileOpen->isEnabled());
-    QVERIFY(w.mnuFile->menuAction()->isEnabled());
-    QVERIFY(w.mnuFileExit->isEnabled());
-    w.lock().Menyu_Yuko();
-    QVERIFY(w.mnuCont->menuAction()->isEnabled());
-    QVERIFY(w.mnuFileOpen->isEnabled());
-}
+    void menusDisableWholeMenus()
+    {
+        MainWindow w;
+        w.Form_Load();
+        w.lock().Menyu_Muko();
+        QVERIFY(!w.mnuView->menuAction()->isEnabled());
+        QVERIFY(!w.mnuCont->menuAction()->isEnabled());
+        QVERIFY(!w.mnuModeChange->menuAction()->isEnabled());
+        QVERIFY(!w.mnuFileOpen->isEnabled());
+        QVERIFY(w.mnuFile->menuAction()->isEnabled());
+        QVERIFY(w.mnuFileExit->isEnabled());
+        w.lock().Menyu_Yuko();
+        QVERIFY(w.mnuCont->menuAction()->isEnabled());
+        QVERIFY(w.mnuFileOpen->isEnabled());
+    }
 
+    void progressBarOverStatusBar()
+    {
+        MainWindow w;
+        w.Form_Load();
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QVERIFY(!w.ProgressBar1->isVisible());
 
-void TestMainWindowLock::progressBarOverStatusBar()
-{
-    MainWindow w;
-    w.Form_Load();
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
-    QVERIFY(!w.ProgressBar1->isVisible());
+        w.progress().Disp_ProgressBar(4);
+        QVERIFY(w.ProgressBar1->isVisible());
+        QCOMPARE(w.ProgressBar1->parentWidget(), static_cast<QWidget*>(w.sbStatusBar));
+        QCOMPARE(w.ProgressBar1->minimum(), 0);
+        QCOMPARE(w.ProgressBar1->maximum(), 4);
+        QCOMPARE(w.ProgressBar1->value(), 0);
+        QCOMPARE(w.ProgressBar1->geometry(),
+                 QRect(0, 2, w.sbStatusBar->width(), w.sbStatusBar->height() - 2));
 
-    w.progress().Disp_ProgressBar(4);
-    QVERIFY(w.ProgressBar1->isVisible());
-    QCOMPARE(w.ProgressBar1->parentWidget(), static_cast<QWidget*>(w.sbStatusBar));
-    QCOMPARE(w.ProgressBar1->minimum(), 0);
-    QCOMPARE(w.ProgressBar1->maximum(), 4);
-    QCOMPARE(w.ProgressBar1->value(), 0);
-    QCOMPARE(w.ProgressBar1->geometry(),
-             QRect(0, 2, w.sbStatusBar->width(), w.sbStatusBar->height() - 2));
+        w.progress().setProgress(3);
+        QCOMPARE(w.progress().progress(), 3);
+        w.resize(w.width() + 100, w.height());
+        QTRY_COMPARE(w.ProgressBar1->width(), w.sbStatusBar->width());
 
-    w.progress().setProgress(3);
-    QCOMPARE(w.progress().progress(), 3);
-    w.resize(w.width() + 100, w.height());
-    QTRY_COMPARE(w.ProgressBar1->width(), w.sbStatusBar->width());
+        w.progress().Hide_ProgressBar();
+        QVERIFY(!w.ProgressBar1->isVisible());
+        QCOMPARE(w.ProgressBar1->value(), 0);
+    }
 
-    w.progress().Hide_ProgressBar();
-    QVERIFY(!w.ProgressBar1->isVisible());
-    QCOMPARE(w.ProgressBar1->value(), 0);
-}
+    void transferWindow()
+    {
+        ProgramState::instance().gMsgBase = MessageTable::EnglishBase;
+        MainWindow w;
+        w.Form_Load();
+        w.show();
+        auto& progress = static_cast<MainWindowProgress&>(w.progress());
+        progress.showTransfer(Msg(383), 7);
+        TransferWindow* t = progress.transferWindow();
+        QVERIFY(t && t->isVisible());
+        QCOMPARE(t->objectName(), QStringLiteral("frmTrance"));
+        QCOMPARE(t->windowTitle(), QStringLiteral("Communicating"));
+        QCOMPARE(t->lblMessage->text(), QStringLiteral("Sending Data to the controller..."));
+        QCOMPARE(t->ProgressBar1->maximum(), 7);
+        QCOMPARE(t->ProgressBar1->value(), 0);
+        progress.setTransferProgress(5);
+        QCOMPARE(t->ProgressBar1->value(), 5);
 
-void TestMainWindowLock::transferWindow()
-{
-    ProgramState::instance().gMsgBase = MessageTable::EnglishBase;
-    MainWindow w;
-    w.Form_Load();
-    w.show();
-    auto& progress = static_cast<MainWindowProgress&>(w.progress());
-    progress.showTransfer(Msg(383), 7);
-    TransferWindow* t = progress.transferWindow();
-    QVERIFY(t && t->isVisible());
-    QCOMPARE(t->objectName(), QStringLiteral("frmTrance"));
-    QCOMPARE(t->windowTitle(), QStringLiteral("Communicating"));
-    QCOMPARE(t->lblMessage->text(), QStringLiteral("Sending Data to the controller..."));
-    QCOMPARE(t->ProgressBar1->maximum(), 7);
-    QCOMPARE(t->ProgressBar1->value(), 0);
-    progress.setTransferProgress(5);
-    QCOMPARE(t->ProgressBar1->value(), 5);
+        // The user cannot close it while the transfer runs.
+        t->close();
+        QVERIFY(t->isVisible());
+        progress.hideTransfer();
+        QVERIFY(!t->isVisible());
 
-    // The user cannot close it while the transfer runs.
-    t->close();
-    QVERIFY(t->isVisible());
-    progress.hideTransfer();
-    QVERIFY(!t->isVisible());
+        progress.showTransfer(Msg(368), 3);
+        QCOMPARE(progress.transferWindow(), t);
+        QCOMPARE(t->ProgressBar1->value(), 0);
+        QCOMPARE(t->lblMessage->text(), QStringLiteral("Reading data from controller..."));
+    }
 
-    progress.showTransfer(Msg(368), 3);
-    QCOMPARE(progress.transferWindow(), t);
-    QCOMPARE(t->ProgressBar1->value(), 0);
-    QCOMPARE(t->lblMessage->text(), QStringLiteral("Reading data from controller..."));
-}
+private:
+    TempSettings m_settings;
+};
 
 QTEST_MAIN(TestMainWindowLock)
 #include "tst_mainwindowlock.moc"

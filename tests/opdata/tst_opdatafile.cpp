@@ -29,25 +29,238 @@ class TestOpDataFile : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init()
+    {
+        ProgramState::reset();
+        ProgramState::instance().gMsgBase = MessageTable::EnglishBase;
+        m_prompter.clear();
+        m_filesOwner = std::make_unique<ScriptedFileChooser>();
+        m_lock.calls.clear();
+        m_progress.calls.clear();
+    }
+
     void cleanup() { ProgramState::reset(); }
 
-    void roundTripKeepsValuesNotDirection();
-    void readsOldGeneration();
-    void rejects_data();
-    void rejects();
-    void fiveCharacterItemAccepted();
+    void roundTripKeepsValuesNotDirection()
+    {
+        OpDataState saved;
+        saved.PosiData[PosiTable::VEL] = qint16(112);
+        saved.PosiData[PosiTable::ACC] = qint16(3);
+        saved.PosiData[PosiTable::Spare1] = qint16(4);
+        saved.PosiData[PosiTable::Spare2] = qint32(5);
+        saved.PosiData[PosiTable::DIR] = qint16(1);
+        saved.PosiData[PosiTable::DIVISION] = qint16(100);
+        saved.PosiData[PosiTable::GEAR] = qint16(8);
+        const QString path = m_dir.filePath(QStringLiteral("trip.qmd"));
+        QVERIFY(OpDataFile::write(path, saved.PosiData, nullptr));
 
-    void openFillsTheScreen();
-    void openRejectedLeavesTheScreen();
-    void saveAsWritesAndTitles();
-    void saveAsRefusesEmptyField();
-    void failedSaveKeepsOldFileAndChangedFlag();
+        PosiTable read;
+        read[PosiTable::DIR] = qint16(0);
+        read[PosiTable::Spare1] = qint16(9);
+        int label = 0;
+        QCOMPARE(OpDataFile::ReadPosidataFile(path, read, label, m_prompter), 0);
+        QCOMPARE(read.number(PosiTable::VEL), 112);
+        QCOMPARE(read.number(PosiTable::ACC), 3);
+        QCOMPARE(read.number(PosiTable::DIVISION), 100);
+        QCOMPARE(read.number(PosiTable::GEAR), 8);
+        QCOMPARE(read.number(PosiTable::DIR), 0);
+        QCOMPARE(read.number(PosiTable::Spare1), 9);
+        QVERIFY(!read[PosiTable::Spare2].isValid());
+        QCOMPARE(label, 148);
+        QVERIFY(m_prompter.shown.isEmpty());
+    }
+
+    void readsOldGeneration()
+    {
+        const QString path = writeFile(QStringLiteral("old.qmd"),
+                                       "\"QM-B4\",\"Position\"\r\n"
+                                       "\"\"\r\n"
+                                       "0,\"300\",\"2\",\"\",\"\",\"1\",\"4\",\"10\",\"\"\r\n");
+        PosiTable read;
+        int label = 0;
+        QCOMPARE(OpDataFile::ReadPosidataFile(path, read, label, m_prompter), 0);
+        QCOMPARE(label, 149);
+        QCOMPARE(read.number(PosiTable::VEL), 300);
+        QCOMPARE(read.number(PosiTable::ACC), 2);
+        QCOMPARE(read.number(PosiTable::DIVISION), 4);
+        QCOMPARE(read.number(PosiTable::GEAR), 10);
+        ProgramState::instance().gMsgBase = 0;
+        QCOMPARE(Msg(label), QStringLiteral("(旧形式)"));
+    }
+
+    void rejects_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QByteArray wrongKind = ExampleFile;
+        wrongKind.replace("Position", "Parameter");
+        QByteArray wrongName = ExampleFile;
+        wrongName.replace("QM-B4", "QM-B5");
+        QByteArray longItem = ExampleFile;
+        longItem.replace("\"\",\"NEW\"", "\"ABCDEF\",\"NEW\"");
+        QByteArray letters = ExampleFile;
+        letters.replace("\"9000\"", "\"9x00\"");
+        QByteArray beyond16 = ExampleFile;
+        beyond16.replace("\"9000\"", "\"40000\"");
+        QTest::newRow("another data kind") << wrongKind;
+        QTest::newRow("another format") << wrongName;
+        QTest::newRow("six-character item") << longItem;
+        QTest::newRow("letters in VEL") << letters;
+        QTest::newRow("VEL beyond 16 bits") << beyond16;
+        QTest::newRow("ends early") << ExampleFile.left(ExampleFile.indexOf("\"12\""));
+        QTest::newRow("empty file") << QByteArray();
+    }
+    void rejects()
+    {
+        QFETCH(QByteArray, content);
+        const QString path = writeFile(QStringLiteral("bad.qmd"), content);
+        PosiTable read;
+        int label = 0;
+        QCOMPARE(OpDataFile::ReadPosidataFile(path, read, label, m_prompter), 1);
+        QCOMPARE(m_prompter.shown.size(), 1);
+        QCOMPARE(m_prompter.shown[0].text, Rejected);
+        QCOMPARE(m_prompter.shown[0].icon, Prompter::Icon::Exclamation);
+    }
+
+    void fiveCharacterItemAccepted()
+    {
+        QByteArray content = ExampleFile;
+        content.replace("\"\",\"NEW\"", "\"ABCDE\",\"NEW\"");
+        const QString path = writeFile(QStringLiteral("five.qmd"), content);
+        PosiTable read;
+        int label = 0;
+        QCOMPARE(OpDataFile::ReadPosidataFile(path, read, label, m_prompter), 0);
+        QCOMPARE(read.number(PosiTable::VEL), 9000);
+    }
+
+    void openFillsTheScreen()
+    {
+        OpDataState state;
+        state.PosiDataRead[PosiTable::DIR] = qint16(1);   // left by an earlier controller read
+        FakeOpDataView view(state);
+        view.shown.comboVEL = QStringLiteral("5");
+        ProgramState::instance().gDataChanged = true;
+        files().setNextFileName(writeFile(QStringLiteral("KTRdata.qmd"), ExampleFile));
+
+        OpDataFileCommands(m_prompter, m_lock, m_progress, files(), state, view).Open();
+
+        QCOMPARE(files().requests.size(), 1);
+        QCOMPARE(files().requests[0].save, false);
+        QCOMPARE(files().requests[0].title, QStringLiteral("Open Position Data file"));
+        QCOMPARE(files().requests[0].filter, QStringLiteral("Position Data(*.qmd)|*.qmd|All Files(*.*)|*.*"));
+        QCOMPARE(files().requests[0].defaultExtension, QStringLiteral("qmd"));
+        QCOMPARE(view.shown.txtVEL, QStringLiteral("9000"));
+        QCOMPARE(view.shown.txtACC, QStringLiteral("1"));
+        QCOMPARE(view.shown.txtDIVISION, QStringLiteral("12"));
+        QCOMPARE(view.shown.txtGEAR, QStringLiteral("1"));
+        QCOMPARE(view.shown.comboVEL, QStringLiteral("30"));
+        QCOMPARE(view.shown.comboACC, QStringLiteral("1"));
+        QVERIFY2(!view.shown.optCW, "the file's direction is not taken");
+        QVERIFY(view.eventsOffWhileShown);
+        QVERIFY(!state.mEventsOff);
+        QCOMPARE(state.PosiData.number(PosiTable::VEL), 9000);
+        QCOMPARE(state.PosiData.number(PosiTable::DIR), 1);
+        QCOMPARE(state.mDataTitle, m_dir.filePath(QStringLiteral("KTRdata")));
+        QCOMPARE(state.generationLabel, 148);
+        QVERIFY(!ProgramState::instance().gDataChanged);
+        QVERIFY(!ProgramState::instance().gCommBusy);
+        QCOMPARE(m_lock.calls, (QStringList{"CMDBTN_Muko", "Menyu_Muko", "CMDBTN_Yuko", "Menyu_Yuko"}));
+    }
+
+    void openRejectedLeavesTheScreen()
+    {
+        OpDataState state;
+        FakeOpDataView view(state);
+        QByteArray wrong = ExampleFile;
+        wrong.replace("Position", "Points");
+        files().setNextFileName(writeFile(QStringLiteral("wrong.qmd"), wrong));
+
+        OpDataFileCommands(m_prompter, m_lock, m_progress, files(), state, view).Open();
+
+        QCOMPARE(m_prompter.texts(), QStringList{Rejected});
+        QCOMPARE(view.showCount, 0);
+        QVERIFY(state.mDataTitle.isEmpty());
+        QVERIFY(!ProgramState::instance().gCommBusy);
+    }
+
+    void saveAsWritesAndTitles()
+    {
+        OpDataState state;
+        FakeOpDataView view(state);
+        view.shown = exampleScreen();
+        ProgramState::instance().gDataChanged = true;
+        const QString path = m_dir.filePath(QStringLiteral("saved.qmd"));
+        files().setNextFileName(path);
+
+        OpDataFileCommands(m_prompter, m_lock, m_progress, files(), state, view).SaveAs();
+
+        QCOMPARE(readFile(path), ExampleFile);
+        QCOMPARE(files().requests.size(), 1);
+        QCOMPARE(files().requests[0].save, true);
+        QCOMPARE(files().requests[0].title, QStringLiteral("Save Position Data as ..."));
+        QCOMPARE(files().requests[0].proposedName, QStringLiteral("KTRdata.qmd"));
+        QCOMPARE(files().requests[0].defaultExtension, QStringLiteral("qmd"));
+        QCOMPARE(state.mDataTitle, m_dir.filePath(QStringLiteral("saved")));
+        QVERIFY(!ProgramState::instance().gDataChanged);
+        QCOMPARE(m_progress.calls, (QStringList{"window Saving data to the file... 0", "window hidden"}));
+        QVERIFY(m_prompter.shown.isEmpty());
+    }
+
+    void saveAsRefusesEmptyField()
+    {
+        OpDataState state;
+        FakeOpDataView view(state);
+        view.shown = exampleScreen();
+        view.shown.txtDIVISION.clear();
+        files().setNextFileName(m_dir.filePath(QStringLiteral("never.qmd")));
+
+        OpDataFileCommands(m_prompter, m_lock, m_progress, files(), state, view).SaveAs();
+
+        QVERIFY(files().requests.isEmpty());
+        QCOMPARE(m_prompter.texts(), QStringList{"No data in the list.\r\n\r\nInput data and try it again."});
+        QVERIFY(!QFile::exists(m_dir.filePath(QStringLiteral("never.qmd"))));
+    }
+
+    void failedSaveKeepsOldFileAndChangedFlag()
+    {
+        const QString path = writeFile(QStringLiteral("keep.qmd"), ExampleFile);
+        OpDataState state;
+        state.mDataTitle = QStringLiteral("before");
+        FakeOpDataView view(state);
+        view.shown = exampleScreen();
+        view.shown.txtVEL = QStringLiteral("120");
+        ProgramState::instance().gDataChanged = true;
+        files().setNextFileName(path);
+
+        {
+            const FileSizeLimit limit(16);
+            OpDataFileCommands(m_prompter, m_lock, m_progress, files(), state, view).SaveAs();
+        }
+
+        QCOMPARE(readFile(path), ExampleFile);
+        QCOMPARE(m_prompter.shown.size(), 1);
+        QVERIFY2(m_prompter.lastText().startsWith(QStringLiteral("The file could not be saved.\r\n") + path),
+                 qPrintable(m_prompter.lastText()));
+        QCOMPARE(state.mDataTitle, QStringLiteral("before"));
+        QVERIFY(ProgramState::instance().gDataChanged);
+        QCOMPARE(m_progress.calls.last(), QStringLiteral("window hidden"));
+    }
 
 private:
     ScriptedFileChooser& files() { return *m_filesOwner; }
-    QString writeFile(const QString& name, const QByteArray& bytes);
-    QByteArray readFile(const QString& path);
+    QString writeFile(const QString& name, const QByteArray& bytes)
+    {
+        const QString path = m_dir.filePath(name);
+        QFile f(path);
+        if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
+            qFatal("cannot write %s", qPrintable(path));
+        f.write(bytes);
+        return path;
+    }
+    QByteArray readFile(const QString& path)
+    {
+        QFile f(path);
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }
 
     QTemporaryDir m_dir;
     ScriptedPrompter m_prompter;
@@ -55,237 +268,6 @@ private:
     RecordingLock m_lock;
     RecordingProgress m_progress;
 };
-
-void TestOpDataFile::init()
-{
-    ProgramState::reset();
-    ProgramState::instance().gMsgBase = MessageTable::EnglishBase;
-    m_prompter.clear();
-    m_filesOwner = std::make_unique<ScriptedFileChooser>();
-    m_lock.calls.clear();
-    m_progress.calls.clear();
-}
-
-QString TestOpDataFile::writeFile(const QString& name, const QByteArray& bytes)
-{
-    const QString path = m_dir.filePath(name);
-    QFile f(path);
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        qFatal("cannot write %s", qPrintable(path));
-    f.write(bytes);
-    return path;
-}
-
-QByteArray TestOpDataFile::readFile(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-void TestOpDataFile::roundTripKeepsValuesNotDirection()
-{
-    OpDataState saved;
-    saved.PosiData[PosiTable::VEL] = qint16(112);
-    saved.PosiData[PosiTable::ACC] = qint16(3);
-    saved.PosiData[PosiTable::Spare1] = qint16(4);
-    saved.PosiData[PosiTable::Spare2] = qint32(5);
-    saved.PosiData[PosiTable::DIR] = qint16(1);
-    saved.PosiData[PosiTable::DIVISION] = qint16(100);
-    saved.PosiData[PosiTable::GEAR] = qint16(8);
-    const QString path = m_dir.filePath(QStringLiteral("trip.qmd"));
-    QVERIFY(OpDataFile::write(path, saved.PosiData, nullptr));
-
-    PosiTable read;
-    read[PosiTable::DIR] = qint16(0);
-    read[PosiTable::Spare1] = qint16(9);
-    int label = 0;
-    QCOMPARE(OpDataFile::ReadPosidataFile(path, read, label, m_prompter), 0);
-    QCOMPARE(read.number(PosiTable::VEL), 112);
-    QCOMPARE(read.number(PosiTable::ACC), 3);
-    QCOMPARE(read.number(PosiTable::DIVISION), 100);
-    QCOMPARE(read.number(PosiTable::GEAR), 8);
-    QCOMPARE(read.number(PosiTable::DIR), 0);
-    QCOMPARE(read.number(PosiTable::Spare1), 9);
-    QVERIFY(!read[PosiTable::Spare2].isValid());
-    QCOMPARE(label, 148);
-    QVERIFY(m_prompter.shown.isEmpty());
-}
-
-void TestOpDataFile::readsOldGeneration()
-{
-    const QString path = writeFile(QStringLiteral("old.qmd"),
-                                   "\"QM-B4\",\"Position\"\r\n"
-                                   "\"\"\r\n"
-                                   "0,\"300\",\"2\",\"\",\"\",\"1\",\"4\",\"10\",\"\"\r\n");
-    PosiTable read;
-    int label = 0;
-    QCOMPARE(OpDataFile::ReadPosidataFile(path, read, label, m_prompter), 0);
-    QCOMPARE(label, 149);
-    QCOMPARE(read.number(PosiTable::VEL), 300);
-    QCOMPARE(read.number(PosiTable::ACC), 2);
-    QCOMPARE(read.number(PosiTable::DIVISION), 4);
-    QCOMPARE(read.number(PosiTable::GEAR), 10);
-    ProgramState::instance().gMsgBase = 0;
-    QCOMPARE(Msg(label), QStringLiteral("(旧形式)"));
-}
-
-void TestOpDataFile::rejects_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QByteArray wrongKind = ExampleFile;
-    wrongKind.replace("Position", "Parameter");
-    QByteArray wrongName = ExampleFile;
-    wrongName.replace("QM-B4", "QM-B5");
-    QByteArray longItem = ExampleFile;
-    longItem.replace("\"\",\"NEW\"", "\"ABCDEF\",\"NEW\"");
-    QByteArray letters = ExampleFile;
-    letters.replace("\"9000\"", "\"9x00\"");
-    QByteArray beyond16 = ExampleFile;
-    beyond16.replace("\"9000\"", "\"40000\"");
-    QTest::newRow("another data kind") << wrongKind;
-    QTest::newRow("another format") << wrongName;
-    QTest::newRow("six-character item") << longItem;
-    QTest::newRow("letters in VEL") << letters;
-    QTest::newRow("VEL beyond 16 bits") << beyond16;
-    QTest::newRow("ends early") << ExampleFile.left(ExampleFile.indexOf("\"12\""));
-    QTest::newRow("empty file") << QByteArray();
-}
-
-void TestOpDataFile::rejects()
-{
-    QFETCH(QByteArray, content);
-    const QString path = writeFile(QStringLiteral("bad.qmd"), content);
-    PosiTable read;
-    int label = 0;
-    QCOMPARE(OpDataFile::ReadPosidataFile(path, read, label, m_prompter), 1);
-    QCOMPARE(m_prompter.shown.size(), 1);
-    QCOMPARE(m_prompter.shown[0].text, Rejected);
-    QCOMPARE(m_prompter.shown[0].icon, Prompter::Icon::Exclamation);
-}
-
-void TestOpDataFile::fiveCharacterItemAccepted()
-{
-    QByteArray content = ExampleFile;
-    content.replace("\"\",\"NEW\"", "\"ABCDE\",\"NEW\"");
-    const QString path = writeFile(QStringLiteral("five.qmd"), content);
-    PosiTable read;
-    int label = 0;
-    QCOMPARE(OpDataFile::ReadPosidataFile(path, read, label, m_prompter), 0);
-    QCOMPARE(read.number(PosiTable::VEL), 9000);
-}
-
-void TestOpDataFile::openFillsTheScreen()
-{
-    OpDataState state;
-    state.PosiDataRead[PosiTable::DIR] = qint16(1);   // left by an earlier controller read
-    FakeOpDataView view(state);
-    view.shown.comboVEL = QStringLiteral("5");
-    ProgramState::instance().gDataChanged = true;
-    files().setNextFileName(writeFile(QStringLiteral("KTRdata.qmd"), ExampleFile));
-
-    OpDataFileCommands(m_prompter, m_lock, m_progress, files(), state, view).Open();
-
-    QCOMPARE(files().requests.size(), 1);
-    QCOMPARE(files().requests[0].save, false);
-    QCOMPARE(files().requests[0].title, QStringLiteral("Open Position Data file"));
-    QCOMPARE(files().requests[0].filter, QStringLiteral("Position Data(*.qmd)|*.qmd|All Files(*.*)|*.*"));
-    QCOMPARE(files().requests[0].defaultExtension, QStringLiteral("qmd"));
-    QCOMPARE(view.shown.txtVEL, QStringLiteral("9000"));
-    QCOMPARE(view.shown.txtACC, QStringLiteral("1"));
-    QCOMPARE(view.shown.txtDIVISION, QStringLiteral("12"));
-    QCOMPARE(view.shown.txtGEAR, QStringLiteral("1"));
-    QCOMPARE(view.shown.comboVEL, QStringLiteral("30"));
-    QCOMPARE(view.shown.comboACC, QStringLiteral("1"));
-    QVERIFY2(!view.shown.optCW, "the file's direction is not taken");
-    QVERIFY(view.eventsOffWhileShown);
-    QVERIFY(!state.mEventsOff);
-    QCOMPARE(state.PosiData.number(PosiTable::VEL), 9000);
-    QCOMPARE(state.PosiData.number(PosiTable::DIR), 1);
-    QCOMPARE(state.mDataTitle, m_dir.filePath(QStringLiteral("KTRdata")));
-    QCOMPARE(state.generationLabel, 148);
-    QVERIFY(!ProgramState::instance().gDataChanged);
-    QVERIFY(!ProgramState::instance().gCommBusy);
-    QCOMPARE(m_lock.calls, (QStringList{"CMDBTN_Muko", "Menyu_Muko", "CMDBTN_Yuko", "Menyu_Yuko"}));
-}
-
-void TestOpDataFile::openRejectedLeavesTheScreen()
-{
-    OpDataState state;
-    FakeOpDataView view(state);
-    QByteArray wrong = ExampleFile;
-    wrong.replace("Position", "Points");
-    files().setNextFileName(writeFile(QStringLiteral("wrong.qmd"), wrong));
-
-    OpDataFileCommands(m_prompter, m_lock, m_progress, files(), state, view).Open();
-
-    QCOMPARE(m_prompter.texts(), QStringList{Rejected});
-    QCOMPARE(view.showCount, 0);
-    QVERIFY(state.mDataTitle.isEmpty());
-    QVERIFY(!ProgramState::instance().gCommBusy);
-}
-
-void TestOpDataFile::saveAsWritesAndTitles()
-{
-    OpDataState state;
-    FakeOpDataView view(state);
-    view.shown = exampleScreen();
-    ProgramState::instance().gDataChanged = true;
-    const QString path = m_dir.filePath(QStringLiteral("saved.qmd"));
-    files().setNextFileName(path);
-
-    OpDataFileCommands(m_prompter, m_lock, m_progress, files(), state, view).SaveAs();
-
-    QCOMPARE(readFile(path), ExampleFile);
-    QCOMPARE(files().requests.size(), 1);
-    QCOMPARE(files().requests[0].save, true);
-    QCOMPARE(files().requests[0].title, QStringLiteral("Save Position Data as ..."));
-    QCOMPARE(files().requests[0].proposedName, QStringLiteral("KTRdata.qmd"));
-    QCOMPARE(files().requests[0].defaultExtension, QStringLiteral("qmd"));
-    QCOMPARE(state.mDataTitle, m_dir.filePath(QStringLiteral("saved")));
-    QVERIFY(!ProgramState::instance().gDataChanged);
-    QCOMPARE(m_progress.calls, (QStringList{"window Saving data to the file... 0", "window hidden"}));
-    QVERIFY(m_prompter.shown.isEmpty());
-}
-
-void TestOpDataFile::saveAsRefusesEmptyField()
-{
-    OpDataState state;
-    FakeOpDataView view(state);
-    view.shown = exampleScreen();
-    view.shown.txtDIVISION.clear();
-    files().setNextFileName(m_dir.filePath(QStringLiteral("never.qmd")));
-
-    OpDataFileCommands(m_prompter, m_lock, m_progress, files(), state, view).SaveAs();
-
-    QVERIFY(files().requests.isEmpty());
-    QCOMPARE(m_prompter.texts(), QStringList{"No data in the list.\r\n\r\nInput data and try it again."});
-    QVERIFY(!QFile::exists(m_dir.filePath(QStringLiteral("never.qmd"))));
-}
-
-void TestOpDataFile::failedSaveKeepsOldFileAndChangedFlag()
-{
-    const QString path = writeFile(QStringLiteral("keep.qmd"), ExampleFile);
-    OpDataState state;
-    state.mDataTitle = QStringLiteral("before");
-    FakeOpDataView view(state);
-    view.shown = exampleScreen();
-    view.shown.txtVEL = QStringLiteral("120");
-    ProgramState::instance().gDataChanged = true;
-    files().setNextFileName(path);
-
-    {
-        const FileSizeLimit limit(16);
-        OpDataFileCommands(m_prompter, m_lock, m_progress, files(), state, view).SaveAs();
-    }
-
-    QCOMPARE(readFile(path), ExampleFile);
-    QCOMPARE(m_prompter.shown.size(), 1);
-    QVERIFY2(m_prompter.lastText().startsWith(QStringLiteral("The file could not be saved.\r\n") + path),
-             qPrintable(m_prompter.lastText()));
-    QCOMPARE(state.mDataTitle, QStringLiteral("before"));
-    QVERIFY(ProgramState::instance().gDataChanged);
-    QCOMPARE(m_progress.calls.last(), QStringLiteral("window hidden"));
-}
 
 QTEST_APPLESS_MAIN(TestOpDataFile)
 #include "tst_opdatafile.moc"

@@ -94,13 +94,11 @@ private slots:
     void sheetRows()
     {
         QFETCH(int, row);
-        QFETCH(QString, label);
-        QFETCH(QString, value);
         RecordedPage page;
         const int pitch = linePitchOf(page);
         ParaPrintout(fullList(), PrintedAt).render(page);
-        QCOMPARE(page.at(row, 20, pitch), label);
-        QCOMPARE(page.at(row, 80, pitch), value);
+        QTEST(page.at(row, 20, pitch), "label");
+        QTEST(page.at(row, 80, pitch), "value");
     }
 
     void fileNameOnlyWhenPrintingAFile_data()
@@ -113,12 +111,11 @@ private slots:
     void fileNameOnlyWhenPrintingAFile()
     {
         QFETCH(bool, fromFile);
-        QFETCH(QString, expected);
         ProgramState::instance().gPrintFromFile = fromFile;
         RecordedPage page;
         const int pitch = linePitchOf(page);
         ParaPrintout(fullList(), PrintedAt).render(page);
-        QCOMPARE(page.at(1, 80, pitch), expected);
+        QTEST(page.at(1, 80, pitch), "expected");
         QCOMPARE(page.row(1, pitch).join(u'|').contains(QStringLiteral("unit12")), fromFile);
     }
 
@@ -140,8 +137,7 @@ private slots:
     void switchText()
     {
         QFETCH(QVariant, value);
-        QFETCH(QString, expected);
-        QCOMPARE(ParaPrintout::switchText(value, {657, 658, 659, 660}), expected);
+        QTEST(ParaPrintout::switchText(value, {657, 658, 659, 660}), "expected");
     }
 
     void motorText_data()
@@ -158,8 +154,7 @@ private slots:
     void motorText()
     {
         QFETCH(QString, code);
-        QFETCH(QString, printed);
-        QCOMPARE(ParaPrintout::motorText(code), printed);
+        QTEST(ParaPrintout::motorText(code), "printed");
     }
 
     void printingKeepsTheMotorCode()
