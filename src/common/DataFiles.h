@@ -3,8 +3,9 @@
 #include <QString>
 
 // Where the shipped data files (device list, standard parameter list, error
-// lists, help) are found: beside the executable first, then in the
-// installed data folder.
+// lists, help) are found: beside the executable first (a build tree), then
+// in the installed data folder as seen from the executable (bin/../share/ktr-w5),
+// then in the data folder of the prefix the program was configured for.
 class DataFiles {
 public:
     // The full path of the named file; beside the executable when it exists
