@@ -36,8 +36,8 @@ constexpr int Interrupted = 4822;
 void registerCommands(CommandRegistry& registry)
 {
     addLinkCommands(registry);
-    addOpDataCommands(registry);
     addParamsCommands(registry);
+    addOpDataCommands(registry);
 }
 
 // --lang decides; without it, the language is chosen as the desktop tool

@@ -152,9 +152,14 @@ QString SimOptions::usage()
 {
     static const int ids[] = {4900, 4901, 0, 4902, 4903, 4904, 0, 4905, 4906, 4907, 4908, 4909,
                               4910, 0, 4911, 4912, 4913, 4914, 4915, 4916, 4917, 4918, 4919,
-                              4920, 4921, 0, 4922, 4923};
+                              4920, 4921, 0, 4980, 4922, 4923};
     QStringList lines;
     for (int id : ids)
         lines << (id == 0 ? QString() : Msg(id));
     return lines.join(u'\n');
+}
+
+QStringList SimOptions::optionNames()
+{
+    return flagOptions().keys() + valueOptions().keys();
 }

@@ -30,4 +30,7 @@ struct SimOptions {
 
     // The help text, lines joined with "\n".
     static QString usage();
+
+    // Every option name parse accepts, so the help can be checked against it.
+    static QStringList optionNames();
 };
