@@ -83,7 +83,7 @@ void SimController::sendReply(const QByteArray& letters, QByteArray reply)
     const int delay = m_faults.late.matches(letters) ? m_faults.lateMs : 0;
     if (m_faults.splitCrLf.matches(letters)) {
         m_queue.push(reply + '\r', delay);
-        m_queue.push("\n", SimFaults::SplitGapMs);
+        m_queue.push("\n", m_faults.splitGapMs);
     } else {
         m_queue.push(reply + "\r\n", delay);
     }

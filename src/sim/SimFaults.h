@@ -27,7 +27,8 @@ private:
 // trying out the tool's error handling. Set from ktr-sim's command line
 // or directly by tests; everything off by default.
 struct SimFaults {
-    // How long the LF is held back after the CR when a reply is split.
+    // How long the LF is held back after the CR when a reply is split, unless
+    // splitGapMs says otherwise.
     static constexpr int SplitGapMs = 30;
     // The noise put in front of a reply by `garbage`.
     static QByteArray garbageBytes() { return QByteArray("\xFF\x00\x7E\x13", 4); }
@@ -38,6 +39,7 @@ struct SimFaults {
     CommandMatch extraChar;      // one character too many before CR LF
     CommandMatch wrongEcho;      // the reply names another command
     CommandMatch splitCrLf;      // CR and LF in separate writes
+    int splitGapMs = SplitGapMs;
     CommandMatch errorReply;     // refused with errorCode instead of executed
     QByteArray errorCode;
     CommandMatch garbage;        // noise bytes in front of the reply
