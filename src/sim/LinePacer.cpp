@@ -28,17 +28,26 @@ void LinePacer::send(const QByteArray& bytes)
         return;
     }
     if (m_pending.isEmpty()) {
-        // A new burst starts now, unless the last character of the previous
-        // one is still on the line.
-        const qint64 now = m_clock.nsecsElapsed();
+        // A new burst starts now, or when the request it answers is all in,
+        // unless the last character of the previous burst is still on the
+        // line.
+        const qint64 start = std::max(m_clock.nsecsElapsed(), m_requestDoneNs);
         const qint64 lineFree = m_busySinceNs + m_sent * CharNs;
-        if (now >= lineFree) {
-            m_busySinceNs = now;
+        if (start >= lineFree) {
+            m_busySinceNs = start;
             m_sent = 0;
         }
     }
     m_pending += bytes;
     scheduleNext();
+}
+
+void LinePacer::holdForRequest(qsizetype characters)
+{
+    if (!m_enabled)
+        return;
+    const qint64 arriving = std::max(m_clock.nsecsElapsed(), m_requestDoneNs);
+    m_requestDoneNs = arriving + characters * CharNs;
 }
 
 void LinePacer::clear()

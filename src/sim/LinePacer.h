@@ -20,6 +20,12 @@ public:
 
     void setEnabled(bool on) { m_enabled = on; }
     void send(const QByteArray& bytes);
+    // A request of this many characters starts arriving now in the other
+    // direction. A pseudo-terminal hands it over at once, but on a cable its
+    // last character is through only after its line time, and the
+    // controller cannot answer before that: whatever is sent next starts on
+    // the line no earlier.
+    void holdForRequest(qsizetype characters);
     // Forgets what has not gone out yet (the client went away).
     void clear();
 
@@ -36,4 +42,5 @@ private:
     QTimer m_timer;
     qint64 m_busySinceNs = 0; // when the first character of this burst began
     qint64 m_sent = 0;        // characters of this burst already out
+    qint64 m_requestDoneNs = 0; // when the last request is all in
 };

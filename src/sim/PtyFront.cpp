@@ -36,7 +36,6 @@ PtyFront::PtyFront(SimController& controller, QObject* parent)
 {
     connect(&m_controller, &SimController::output, &m_pacer, &LinePacer::send);
     connect(&m_pacer, &LinePacer::paced, this, &PtyFront::queueOutput);
-    connect(&m_requestPacer, &LinePacer::paced, &m_controller, &SimController::receive);
 }
 
 PtyFront::~PtyFront()
@@ -81,7 +80,8 @@ void PtyFront::readInput()
     for (;;) {
         const ssize_t n = ::read(m_master, buffer, sizeof buffer);
         if (n > 0) {
-            m_requestPacer.send(QByteArray(buffer, n));
+            m_pacer.holdForRequest(n);
+            m_controller.receive(QByteArray(buffer, n));
             continue;
         }
         if (n < 0 && errno == EINTR)

@@ -24,14 +24,7 @@ public:
     // errorString when the system refuses.
     bool open(QString* errorString);
     QString devicePath() const { return m_path; }
-    // Paces both ways: the terminal hands over a request the moment the
-    // client writes it, while on a cable its last character arrives only
-    // after the request's line time.
-    void setPacing(bool on)
-    {
-        m_pacer.setEnabled(on);
-        m_requestPacer.setEnabled(on);
-    }
+    void setPacing(bool on) { m_pacer.setEnabled(on); }
 
 signals:
     // Reading from the terminal failed for good.
@@ -44,7 +37,6 @@ private:
 
     SimController& m_controller;
     LinePacer m_pacer;
-    LinePacer m_requestPacer;
     int m_master = -1;
     int m_terminal = -1;
     QString m_path;

@@ -15,7 +15,6 @@ SimSerialPort::SimSerialPort(SimController* controller, QObject* parent)
 {
     connect(m_controller, &SimController::output, &m_pacer, &LinePacer::send);
     connect(&m_pacer, &LinePacer::paced, this, &SimSerialPort::arrive);
-    connect(&m_requestPacer, &LinePacer::paced, m_controller, &SimController::receive);
 }
 
 bool SimSerialPort::open(const QString&, const QString&)
@@ -35,7 +34,8 @@ qint64 SimSerialPort::write(const QByteArray& data)
 {
     if (!m_open)
         return -1;
-    m_requestPacer.send(data);
+    m_pacer.holdForRequest(data.size());
+    m_controller->receive(data);
     return data.size();
 }
 

@@ -9,8 +9,8 @@ class SimController;
 // controller. Opening always succeeds, whatever the port's name. What is
 // written goes to the controller; its replies come back through readyRead
 // from the event loop (never from inside write), at once or, with pacing,
-// at the speed of a 9600-baud line. Pacing holds back the requests as well,
-// so that an exchange takes the line time of both its lines.
+// at the speed of a 9600-baud line, each reply starting only once its
+// request would be through the line as well.
 class SimSerialPort : public SerialPort {
     Q_OBJECT
 public:
@@ -20,11 +20,7 @@ public:
     explicit SimSerialPort(SimController* controller, QObject* parent = nullptr);
 
     SimController& controller() { return *m_controller; }
-    void setPacing(bool on)
-    {
-        m_pacer.setEnabled(on);
-        m_requestPacer.setEnabled(on);
-    }
+    void setPacing(bool on) { m_pacer.setEnabled(on); }
 
     bool open(const QString& name, const QString& settings) override;
     void close() override;
@@ -40,7 +36,6 @@ private:
 
     SimController* m_controller;
     LinePacer m_pacer;
-    LinePacer m_requestPacer;
     QByteArray m_input;
     bool m_open = false;
 };
