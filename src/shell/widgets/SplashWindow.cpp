@@ -77,6 +77,8 @@ SplashWindow::SplashWindow(QWidget* parent)
     timerSplash = new QTimer(this);
     timerSplash->setObjectName(QStringLiteral("timerSplash"));
     timerSplash->setInterval(2000);
+    // A coarse timer may end the splash up to a twentieth early.
+    timerSplash->setTimerType(Qt::PreciseTimer);
     connect(timerSplash, &QTimer::timeout, this, &SplashWindow::timerSplash_Timer);
 }
 
