@@ -1,112 +1,18 @@
+#include "KtrctlProcess.h"
+#include "support/PtyController.h"
 #include "support/SimProcess.h"
 
-#include <QProcess>
-#include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QTest>
-
-#include <csignal>
-#include <fcntl.h>
-#include <stdlib.h>
-#include <unistd.h>
 
 namespace {
 
-struct Run {
-    int exitCode = -1;
-    QString out;
-    QString err;
-};
-
-// ktrctl with a settings store of its own, so the user's stored port and
-// language play no part.
-class Ktrctl {
-public:
-    Ktrctl()
-    {
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_config.path());
-        env.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-        m_process.setProcessEnvironment(env);
-    }
-
-    void start(const QStringList& args) { m_process.start(QStringLiteral(KTRCTL_PATH), args); }
-    void interrupt() { ::kill(pid_t(m_process.processId()), SIGINT); }
-    Run finish(int timeoutMs = 20000)
-    {
-        Run run;
-        if (!m_process.waitForFinished(timeoutMs)) {
-            m_process.kill();
-            m_process.waitForFinished();
-            return run;
-        }
-        run.exitCode = m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
-        run.out = QString::fromUtf8(m_process.readAllStandardOutput());
-        run.err = QString::fromUtf8(m_process.readAllStandardError());
-        return run;
-    }
-    Run run(const QStringList& args)
-    {
-        start(args);
-        return finish();
-    }
-
-private:
-    QTemporaryDir m_config;
-    QProcess m_process;
-};
-
-QStringList linesOf(const QString& text)
-{
-    return text.split(u'\n', Qt::SkipEmptyParts);
-}
-
 QStringList traceLines(const QString& err)
 {
-    static const QRegularExpression frame(QStringLiteral("^\\+\\d+\\.\\d{3} [<>] "));
     QStringList out;
-    for (const QString& line : linesOf(err)) {
-        if (frame.match(line).hasMatch())
-            out << line.mid(line.indexOf(u' ') + 1);
-    }
+    for (const TraceFrame& f : traceFrames(err))
+        out << f.text;
     return out;
 }
-
-// A controller played by the test on the far end of a pseudo-terminal.
-class ScriptedController {
-public:
-    ScriptedController()
-    {
-        m_fd = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
-        if (m_fd >= 0 && grantpt(m_fd) == 0 && unlockpt(m_fd) == 0)
-            m_device = QString::fromLocal8Bit(ptsname(m_fd));
-    }
-    ~ScriptedController()
-    {
-        if (m_fd >= 0)
-            ::close(m_fd);
-    }
-    QString device() const { return m_device; }
-
-    // Waits for the request line, then answers it.
-    bool answer(const QByteArray& request, const QByteArray& reply)
-    {
-        QByteArray got;
-        for (int tries = 0; tries < 500 && !got.endsWith(request); ++tries) {
-            char buffer[64];
-            const ssize_t n = ::read(m_fd, buffer, sizeof buffer);
-            if (n > 0)
-                got.append(buffer, n);
-            else
-                QTest::qWait(10);
-        }
-        return got.endsWith(request) && ::write(m_fd, reply.data(), reply.size()) == reply.size();
-    }
-
-private:
-    int m_fd = -1;
-    QString m_device;
-};
 
 } // namespace
 
@@ -116,7 +22,7 @@ class TestKtrctl : public QObject {
 private slots:
     void versionOnTheBuiltInController()
     {
-        const Run run = Ktrctl().run({"--simulator", "--lang", "en", "--trace", "version"});
+        const CtlRun run = KtrctlProcess::run({"--simulator", "--lang", "en", "--trace", "version"});
         QCOMPARE(run.exitCode, 0);
         QCOMPARE(run.out, QStringLiteral("1.00\n"));
         QCOMPARE(traceLines(run.err), (QStringList{"> 0CM6", "< 0CM6", "> 0RV", "< 0RVK01100"}));
@@ -125,22 +31,22 @@ private slots:
 
     void messagesInJapanese()
     {
-        const Run run = Ktrctl().run({"--lang", "ja", "--simulator", "version"});
+        const CtlRun run = KtrctlProcess::run({"--lang", "ja", "--simulator", "version"});
         QCOMPARE(run.exitCode, 0);
         QCOMPARE(run.err, QStringLiteral("このｺﾝﾄﾛｰﾗのﾊﾞｰｼﾞｮﾝは、1.00です。\n"));
     }
 
     void statusAndResetAndCheck()
     {
-        Run run = Ktrctl().run({"--simulator", "status"});
+        CtlRun run = KtrctlProcess::run({"--simulator", "status"});
         QCOMPARE(run.exitCode, 0);
         QVERIFY2(QRegularExpression(QStringLiteral("^[0-3]\n$")).match(run.out).hasMatch(), qPrintable(run.out));
 
-        run = Ktrctl().run({"--simulator", "--trace", "reset"});
+        run = KtrctlProcess::run({"--simulator", "--trace", "reset"});
         QCOMPARE(run.exitCode, 0);
         QCOMPARE(traceLines(run.err), (QStringList{"> 0AR", "< 0AR"}));
 
-        run = Ktrctl().run({"--simulator", "check"});
+        run = KtrctlProcess::run({"--simulator", "check"});
         QCOMPARE(run.exitCode, 0);
         QVERIFY(run.out.isEmpty());
     }
@@ -164,7 +70,7 @@ private slots:
     {
         QFETCH(QStringList, args);
         QFETCH(QString, message);
-        const Run run = Ktrctl().run(args);
+        const CtlRun run = KtrctlProcess::run(args);
         QCOMPARE(run.exitCode, 2);
         QCOMPARE(linesOf(run.err), (QStringList{message, "Run ktrctl --help to see the commands."}));
         QVERIFY(run.out.isEmpty());
@@ -172,7 +78,7 @@ private slots:
 
     void helpListsTheCommands()
     {
-        const Run run = Ktrctl().run({"--lang", "en", "--help"});
+        const CtlRun run = KtrctlProcess::run({"--lang", "en", "--help"});
         QCOMPARE(run.exitCode, 0);
         for (const char* command : {"check", "version", "status", "reset"})
             QVERIFY2(QRegularExpression(QStringLiteral("\n  %1 ").arg(QLatin1String(command))).match(run.out).hasMatch(), command);
@@ -181,7 +87,7 @@ private slots:
 
     void portThatCannotOpen()
     {
-        const Run run = Ktrctl().run({"--lang", "en", "--port", "/dev/ktr-no-such-port", "check"});
+        const CtlRun run = KtrctlProcess::run({"--lang", "en", "--port", "/dev/ktr-no-such-port", "check"});
         QCOMPARE(run.exitCode, 1);
         QCOMPARE(run.err, QStringLiteral("Failed in opening of a communication port.\n"));
     }
@@ -195,45 +101,44 @@ private slots:
         QTest::addColumn<QStringList>("frames");
         QTest::addColumn<QString>("message");
         QTest::newRow("silent")
-            << QStringList{"--silent", "RA"} << "status" << QStringList{"> 0RA"}
+            << QStringList{"--silent", "RA"} << "status" << QStringList{"0RA"}
             << "Communication timeout error!\n\nCheck the followings;\n 1.Power ON for controller?\n"
                " 2.Communication cables are connected?\n";
         QTest::newRow("error reply")
-            << QStringList{"--error-reply", "AR:301"} << "reset" << QStringList{"> 0AR"}
+            << QStringList{"--error-reply", "AR:301"} << "reset" << QStringList{"0AR"}
             << "Communication error occurs!\nError No.31\n[301: Overload alarm.]\n";
         QTest::newRow("wrong echo")
-            << QStringList{"--wrong-echo", "CM"} << "check" << QStringList{"> 0CM6", "> 0CM6"}
+            << QStringList{"--wrong-echo", "CM"} << "check" << QStringList{"0CM6", "0CM6"}
             << "Communication data length error occurs!\nLength of data is wrong.\n";
         QTest::newRow("wrong length")
-            << QStringList{"--extra-char", "RA"} << "status" << QStringList{"> 0RA", "> 0CM6"}
+            << QStringList{"--extra-char", "RA"} << "status" << QStringList{"0RA", "0CM6"}
             << "Communication data length error occurs!\nLength of data is wrong.\n";
     }
     void controllerFaults()
     {
         QFETCH(QStringList, faults);
         QFETCH(QString, command);
-        QFETCH(QStringList, frames);
         QFETCH(QString, message);
         SimProcess sim(QStringLiteral(KTRSIM_PATH));
         QVERIFY2(sim.start(faults), sim.standardError().constData());
 
-        const Run run = Ktrctl().run({"--lang", "en", "--trace", "--port", sim.devicePath(), command});
+        const CtlRun run = KtrctlProcess::run({"--lang", "en", "--trace", "--port", sim.devicePath(), command});
 
         QCOMPARE(run.exitCode, 1);
         QVERIFY(run.out.isEmpty());
-        QCOMPARE(traceLines(run.err).filter(QRegularExpression(QStringLiteral("^>"))), frames);
+        QTEST(sentFrames(run.err), "frames");
         QVERIFY2(run.err.endsWith(message), qPrintable(run.err));
     }
 
     void statusDigitOutsideTheKnownOnes()
     {
-        ScriptedController controller;
+        PtyController controller;
         QVERIFY(!controller.device().isEmpty());
-        Ktrctl ktrctl;
+        KtrctlProcess ktrctl;
         ktrctl.start({"--lang", "en", "--port", controller.device(), "status"});
 
-        QVERIFY(controller.answer("0RA\r\n", "0RA5\r\n"));
-        const Run run = ktrctl.finish();
+        QVERIFY(controller.answer("0RA", "0RA5"));
+        const CtlRun run = ktrctl.finish();
 
         QCOMPARE(run.exitCode, 1);
         QVERIFY(run.out.isEmpty());
@@ -245,12 +150,11 @@ private slots:
         SimProcess sim(QStringLiteral(KTRSIM_PATH));
         QVERIFY2(sim.start({"--error-reply", "RV:101"}), sim.standardError().constData());
 
-        const Run run = Ktrctl().run({"--lang", "en", "--trace", "--port", sim.devicePath(), "version"});
+        const CtlRun run = KtrctlProcess::run({"--lang", "en", "--trace", "--port", sim.devicePath(), "version"});
 
         QCOMPARE(run.exitCode, 0);
         QCOMPARE(run.out, QStringLiteral("1.00\n"));
-        const QStringList sent = traceLines(run.err).filter(QRegularExpression(QStringLiteral("^>")));
-        QCOMPARE(sent, (QStringList{"> 0CM6", "> 0RV", "> 0%C"}));
+        QCOMPARE(sentFrames(run.err), (QStringList{"0CM6", "0RV", "0%C"}));
         QVERIFY(run.err.contains(QStringLiteral("Communication error occurs!\nError No.11\n[101: Unknown command.]\n")));
     }
 
@@ -260,12 +164,12 @@ private slots:
     {
         SimProcess sim(QStringLiteral(KTRSIM_PATH));
         QVERIFY2(sim.start({"--extra-char", "RA", "--silent", "CM"}), sim.standardError().constData());
-        Ktrctl ktrctl;
+        KtrctlProcess ktrctl;
         ktrctl.start({"--lang", "en", "--port", sim.devicePath(), "status"});
         QTest::qWait(3000);
 
         ktrctl.interrupt();
-        const Run run = ktrctl.finish(5000);
+        const CtlRun run = ktrctl.finish(5000);
 
         QCOMPARE(run.exitCode, 1);
         QCOMPARE(run.err, QStringLiteral("Interrupted.\n"));

@@ -2,56 +2,14 @@
 // report as the desktop tool's box shows it, the exit statuses, and the
 // printout of a file.
 
+#include "KtrctlProcess.h"
 #include "print/PdfText.h"
 #include "support/RawTerminalClient.h"
 #include "support/SimProcess.h"
 
-#include <QFile>
-#include <QProcess>
-#include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
-
-struct Run {
-    int exitCode = -1;
-    QString out;
-    QString err;
-};
-
-// ktrctl in English with a settings store of its own.
-Run ktrctl(const QStringList& args)
-{
-    QTemporaryDir config;
-    QProcess process;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QStringLiteral("XDG_CONFIG_HOME"), config.path());
-    env.insert(QStringLiteral("XDG_RUNTIME_DIR"), config.path());
-    process.setProcessEnvironment(env);
-    process.start(QStringLiteral(KTRCTL_PATH), QStringList{"--lang", "en"} + args);
-    Run run;
-    if (!process.waitForFinished(20000)) {
-        process.kill();
-        process.waitForFinished();
-        return run;
-    }
-    run.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-    run.out = QString::fromUtf8(process.readAllStandardOutput());
-    run.err = QString::fromUtf8(process.readAllStandardError());
-    return run;
-}
-
-// The frames ktrctl sent, from its trace.
-QStringList sent(const QString& err)
-{
-    static const QRegularExpression frame(QStringLiteral("^\\+\\d+\\.\\d{3} > (.*)$"),
-                                          QRegularExpression::MultilineOption);
-    QStringList out;
-    for (auto it = frame.globalMatch(err); it.hasNext();)
-        out << it.next().captured(1);
-    return out;
-}
 
 // The factory parameters of the virtual controller as a parameter file,
 // with the actuator size and VEL given.
@@ -70,21 +28,6 @@ QByteArray paraFile(const QString& size, int vel)
 // Block 0 of that file with VEL 33 (0x21): the factory block otherwise.
 const QString Block0 = QStringLiteral("001E1E210A0A0003E8000A0A00000000");
 const QString Block2 = QStringLiteral("000114020003E80007D00A0500000000");
-
-class Files {
-public:
-    QString write(const QString& name, const QByteArray& bytes)
-    {
-        QFile file(m_dir.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            return {};
-        return file.fileName();
-    }
-    QString path(const QString& name) const { return m_dir.filePath(name); }
-
-private:
-    QTemporaryDir m_dir;
-};
 
 } // namespace
 
@@ -111,46 +54,45 @@ private slots:
     {
         QFETCH(QString, size);
         QFETCH(QStringList, extra);
-        QFETCH(QStringList, frames);
-        Files files;
-        const QString file = files.write(QStringLiteral("set.pmt"), paraFile(size, 33));
+        QTemporaryDir files;
+        const QString file = writeFile(files, QStringLiteral("set.pmt"), paraFile(size, 33));
         SimProcess sim(QStringLiteral(KTRSIM_PATH));
         QVERIFY2(sim.start(), sim.standardError().constData());
 
-        const Run write = ktrctl(QStringList{"--port", sim.devicePath(), "--trace", "params", "write", file} + extra);
+        const CtlRun write = KtrctlProcess::run(QStringList{"--port", sim.devicePath(), "--trace", "params", "write", file} + extra);
         QCOMPARE(write.exitCode, 0);
-        QCOMPARE(sent(write.err), frames);
+        QTEST(sentFrames(write.err), "frames");
         QCOMPARE(write.out, QStringLiteral("Completed writing parameters.\n"));
 
-        const Run verify = ktrctl({"--port", sim.devicePath(), "--trace", "params", "verify", file});
+        const CtlRun verify = KtrctlProcess::run({"--port", sim.devicePath(), "--trace", "params", "verify", file});
         QCOMPARE(verify.exitCode, 0);
-        QCOMPARE(sent(verify.err), (QStringList{"0RD0", "0RD1", "0RD2"}));
+        QCOMPARE(sentFrames(verify.err), (QStringList{"0RD0", "0RD1", "0RD2"}));
         QCOMPARE(verify.out, QStringLiteral("Result of Verify - OK\n"));
     }
 
     // The controller's block changed behind the tool's back: VEL and ALM differ.
     void verifyReportsTheDifferences()
     {
-        Files files;
-        const QString file = files.write(QStringLiteral("set.pmt"), paraFile(QStringLiteral("28"), 33));
+        QTemporaryDir files;
+        const QString file = writeFile(files, QStringLiteral("set.pmt"), paraFile(QStringLiteral("28"), 33));
         SimProcess sim(QStringLiteral(KTRSIM_PATH));
         QVERIFY2(sim.start(), sim.standardError().constData());
-        QCOMPARE(ktrctl({"--port", sim.devicePath(), "params", "write", file}).exitCode, 0);
+        QCOMPARE(KtrctlProcess::run({"--port", sim.devicePath(), "params", "write", file}).exitCode, 0);
         {
             RawTerminalClient raw;
             QVERIFY(raw.open(sim.devicePath()));
             QCOMPARE(raw.ask("0WD0001E1E0B0A0A0003E9000A0A00000000\r\n"), QByteArray("0WD0\r\n"));
         }
-        const Run verify = ktrctl({"--port", sim.devicePath(), "params", "verify", file});
+        const CtlRun verify = KtrctlProcess::run({"--port", sim.devicePath(), "params", "verify", file});
         QCOMPARE(verify.exitCode, 3);
         QCOMPARE(verify.out, QStringLiteral("Result of Verify - NG\n<HOME Parameter> :VEL,\n<PG Parameter> :ALM,\n"));
     }
 
     void readListsTheNamedParameters()
     {
-        const Run read = ktrctl({"--simulator", "--trace", "params", "read"});
+        const CtlRun read = KtrctlProcess::run({"--simulator", "--trace", "params", "read"});
         QCOMPARE(read.exitCode, 0);
-        QCOMPARE(sent(read.err), (QStringList{"0RD0", "0RD1", "0RD2", "0RD7"}));
+        QCOMPARE(sentFrames(read.err), (QStringList{"0RD0", "0RD1", "0RD2", "0RD7"}));
         QCOMPARE(read.out.split(u'\n', Qt::SkipEmptyParts),
                  (QStringList{"OFFSET=30", "VEL=10", "OFSVEL=10", "PULSE=400", "AUTODRIVE=0", "MOTOR=28L100",
                               "FUNCTION=0", "ALM=1000", "HOME OUT=0", "IN-P WID=10", "PG TIMER=10",
@@ -159,11 +101,11 @@ private slots:
                               "Reserved6=0"}));
 
         // Saved, the controller's set is the file the tool writes.
-        Files files;
-        const Run save = ktrctl({"--simulator", "params", "read", "-o", files.path(QStringLiteral("read.pmt"))});
+        QTemporaryDir files;
+        const CtlRun save = KtrctlProcess::run({"--simulator", "params", "read", "-o", files.filePath(QStringLiteral("read.pmt"))});
         QCOMPARE(save.exitCode, 0);
         QCOMPARE(save.err, QStringLiteral("Completed save parameters into the file.\n"));
-        QFile saved(files.path(QStringLiteral("read.pmt")));
+        QFile saved(files.filePath(QStringLiteral("read.pmt")));
         QVERIFY(saved.open(QIODevice::ReadOnly));
         QCOMPARE(saved.readAll(), paraFile(QStringLiteral("28"), 10));
     }
@@ -180,22 +122,21 @@ private slots:
     {
         QFETCH(int, velB);
         QFETCH(int, exitCode);
-        QFETCH(QString, report);
-        Files files;
-        const QString a = files.write(QStringLiteral("a.pmt"), paraFile(QStringLiteral("28"), 10));
-        const QString b = files.write(QStringLiteral("b.pmt"), paraFile(QStringLiteral("28"), velB));
-        const Run diff = ktrctl({"--trace", "params", "diff", a, b});
+        QTemporaryDir files;
+        const QString a = writeFile(files, QStringLiteral("a.pmt"), paraFile(QStringLiteral("28"), 10));
+        const QString b = writeFile(files, QStringLiteral("b.pmt"), paraFile(QStringLiteral("28"), velB));
+        const CtlRun diff = KtrctlProcess::run({"--trace", "params", "diff", a, b});
         QCOMPARE(diff.exitCode, exitCode);
-        QCOMPARE(diff.out, report);
-        QVERIFY(sent(diff.err).isEmpty());
+        QTEST(diff.out, "report");
+        QVERIFY(sentFrames(diff.err).isEmpty());
     }
 
     void printWritesThePdf()
     {
-        Files files;
-        const QString file = files.write(QStringLiteral("line-3.pmt"), paraFile(QStringLiteral("20"), 33));
-        const QString pdf = files.path(QStringLiteral("out.pdf"));
-        const Run print = ktrctl({"params", "print", file, "-o", pdf});
+        QTemporaryDir files;
+        const QString file = writeFile(files, QStringLiteral("line-3.pmt"), paraFile(QStringLiteral("20"), 33));
+        const QString pdf = files.filePath(QStringLiteral("out.pdf"));
+        const CtlRun print = KtrctlProcess::run({"params", "print", file, "-o", pdf});
         QCOMPARE(print.exitCode, 0);
         QFile out(pdf);
         QVERIFY(out.open(QIODevice::ReadOnly));
@@ -235,11 +176,11 @@ private slots:
         QFETCH(QByteArray, contents);
         QFETCH(QStringList, args);
         QFETCH(QString, message);
-        Files files;
-        args.replaceInStrings(QStringLiteral("FILE"), files.write(QStringLiteral("in.pmt"), contents));
-        const Run run = ktrctl(QStringList{"--simulator", "--trace", "params"} + args);
+        QTemporaryDir files;
+        args.replaceInStrings(QStringLiteral("FILE"), writeFile(files, QStringLiteral("in.pmt"), contents));
+        const CtlRun run = KtrctlProcess::run(QStringList{"--simulator", "--trace", "params"} + args);
         QCOMPARE(run.exitCode, 2);
-        QVERIFY(sent(run.err).isEmpty());
+        QVERIFY(sentFrames(run.err).isEmpty());
         QVERIFY2(run.err.contains(message + u'\n'), qPrintable(run.err));
         QVERIFY(run.out.isEmpty());
     }

@@ -117,23 +117,6 @@ private slots:
         QCOMPARE(shown.comboActSize, QStringLiteral("35"));
         QCOMPARE(shown.txtDenryu, QStringLiteral("1.6"));
     }
-
-    void specialActuatorCurrentReachesBlock7()
-    {
-        SimRig rig;
-        rig.applyStandard(QStringLiteral("SP"));
-        rig.screen.txtDenryu = QStringLiteral("0.16");
-        ParaWriteCommand(rig.context, rig.data).WriteParaWorker(rig.screen);
-        QCOMPARE(rig.prompter.lastText(), QStringLiteral("Completed writing parameters."));
-        // 0.16 A x 1875 = 300
-        QCOMPARE(rig.port.controller().memory().storedBlock(7).mid(12, 4), QByteArray("012C"));
-
-        ParaData fresh;
-        ParaScreen shown;
-        ParaReadCommand(rig.context, fresh, rig.devices).GetParametaValue(shown);
-        QCOMPARE(shown.comboActSize, QStringLiteral("SP"));
-        QCOMPARE(shown.txtDenryu, QStringLiteral("2.16"));
-    }
 };
 
 QTEST_GUILESS_MAIN(TestParamSim)

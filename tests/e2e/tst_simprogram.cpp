@@ -34,109 +34,101 @@ class TestSimProgram : public QObject {
     Q_OBJECT
 
 private slots:
-    void answersOnItsPtyUntilTerminated();
-    void interruptEndsItCleanly();
-    void stateFileOutlivesTheProcess();
-    void faultOptionsReachTheController();
-    void alarmAfterStartArrivesUnasked();
-    void wrongOptionIsAUsageError();
-    void helpListsTheOptions();
-};
-
-void TestSimProgram::answersOnItsPtyUntilTerminated()
-{
-    SimProcess sim(QStringLiteral(KTRSIM_PATH));
-    QVERIFY2(sim.start({"--time-scale", "0.05"}), sim.standardError().constData());
-    QVERIFY2(sim.devicePath().startsWith(QLatin1String("/dev/pts/")), qPrintable(sim.devicePath()));
-
-    RawTerminalClient client;
-    QVERIFY(client.open(sim.devicePath()));
-    QCOMPARE(client.ask("0RV"), QByteArray("0RVK01100\r\n"));
-    QCOMPARE(client.ask("0MP00"), QByteArray("0MP00\r\n"));
-    QCOMPARE(client.ask("0RA"), QByteArray("0RA0\r\n"));
-    Waiter::sleep(60);
-    QCOMPARE(client.ask("0RA"), QByteArray("0RA1\r\n"));
-
-    QCOMPARE(sim.stop(), 0);
-    QVERIFY(sim.standardError().contains("Virtual controller ready on " + sim.devicePath().toLocal8Bit()));
-}
-
-void TestSimProgram::interruptEndsItCleanly()
-{
-    SimProcess sim(QStringLiteral(KTRSIM_PATH));
-    QVERIFY(sim.start());
-    RawTerminalClient client;
-    QVERIFY(client.open(sim.devicePath()));
-    QCOMPARE(client.ask("0CM6"), QByteArray("0CM6\r\n"));
-    // With the client still holding the device open.
-    QCOMPARE(sim.interrupt(), 0);
-    QVERIFY(!sim.isRunning());
-}
-
-void TestSimProgram::stateFileOutlivesTheProcess()
-{
-    QTemporaryDir dir;
-    const QString state = dir.filePath(QStringLiteral("ctl.state"));
+    void answersOnItsPtyUntilTerminated()
     {
+        SimProcess sim(QStringLiteral(KTRSIM_PATH));
+        QVERIFY2(sim.start({"--time-scale", "0.05"}), sim.standardError().constData());
+        QVERIFY2(sim.devicePath().startsWith(QLatin1String("/dev/pts/")), qPrintable(sim.devicePath()));
+
+        RawTerminalClient client;
+        QVERIFY(client.open(sim.devicePath()));
+        QCOMPARE(client.ask("0RV"), QByteArray("0RVK01100\r\n"));
+        QCOMPARE(client.ask("0MP00"), QByteArray("0MP00\r\n"));
+        QCOMPARE(client.ask("0RA"), QByteArray("0RA0\r\n"));
+        Waiter::sleep(60);
+        QCOMPARE(client.ask("0RA"), QByteArray("0RA1\r\n"));
+
+        QCOMPARE(sim.stop(), 0);
+        QVERIFY(sim.standardError().contains("Virtual controller ready on " + sim.devicePath().toLocal8Bit()));
+    }
+
+    void interruptEndsItCleanly()
+    {
+        SimProcess sim(QStringLiteral(KTRSIM_PATH));
+        QVERIFY(sim.start());
+        RawTerminalClient client;
+        QVERIFY(client.open(sim.devicePath()));
+        QCOMPARE(client.ask("0CM6"), QByteArray("0CM6\r\n"));
+        // With the client still holding the device open.
+        QCOMPARE(sim.interrupt(), 0);
+        QVERIFY(!sim.isRunning());
+    }
+
+    void stateFileOutlivesTheProcess()
+    {
+        QTemporaryDir dir;
+        const QString state = dir.filePath(QStringLiteral("ctl.state"));
+        {
+            SimProcess sim(QStringLiteral(KTRSIM_PATH));
+            QVERIFY(sim.start({"--state", state}));
+            RawTerminalClient client;
+            QVERIFY(client.open(sim.devicePath()));
+            QCOMPARE(client.ask("0WD1" + OtherBlock), QByteArray("0WD1\r\n"));
+            QCOMPARE(client.ask("0WE"), QByteArray("0WE\r\n"));
+            QCOMPARE(client.ask("0WD2" + OtherBlock), QByteArray("0WD2\r\n"));
+            QCOMPARE(sim.stop(), 0);
+        }
         SimProcess sim(QStringLiteral(KTRSIM_PATH));
         QVERIFY(sim.start({"--state", state}));
         RawTerminalClient client;
         QVERIFY(client.open(sim.devicePath()));
-        QCOMPARE(client.ask("0WD1" + OtherBlock), QByteArray("0WD1\r\n"));
-        QCOMPARE(client.ask("0WE"), QByteArray("0WE\r\n"));
-        QCOMPARE(client.ask("0WD2" + OtherBlock), QByteArray("0WD2\r\n"));
-        QCOMPARE(sim.stop(), 0);
+        QCOMPARE(client.ask("0RD1"), "0RD1" + OtherBlock + "\r\n");
+        QCOMPARE(client.ask("0RD2"), QByteArray("0RD2000114020003E80007D00A0500000000\r\n"));
     }
-    SimProcess sim(QStringLiteral(KTRSIM_PATH));
-    QVERIFY(sim.start({"--state", state}));
-    RawTerminalClient client;
-    QVERIFY(client.open(sim.devicePath()));
-    QCOMPARE(client.ask("0RD1"), "0RD1" + OtherBlock + "\r\n");
-    QCOMPARE(client.ask("0RD2"), QByteArray("0RD2000114020003E80007D00A0500000000\r\n"));
-}
 
-void TestSimProgram::faultOptionsReachTheController()
-{
-    SimProcess sim(QStringLiteral(KTRSIM_PATH));
-    QVERIFY(sim.start({"--error-reply", "RV:101", "--stop", "--extra-char", "RO"}));
-    RawTerminalClient client;
-    QVERIFY(client.open(sim.devicePath()));
-    QCOMPARE(client.ask("0RV"), QByteArray("0%%101\r\n"));
-    QCOMPARE(client.ask("0%C"), QByteArray("0%CK0110000000\r\n"));
-    QCOMPARE(client.ask("0RI"), QByteArray("0RI200\r\n"));
-    QCOMPARE(client.ask("0RO"), QByteArray("0RO300\r\n"));
-}
+    void faultOptionsReachTheController()
+    {
+        SimProcess sim(QStringLiteral(KTRSIM_PATH));
+        QVERIFY(sim.start({"--error-reply", "RV:101", "--stop", "--extra-char", "RO"}));
+        RawTerminalClient client;
+        QVERIFY(client.open(sim.devicePath()));
+        QCOMPARE(client.ask("0RV"), QByteArray("0%%101\r\n"));
+        QCOMPARE(client.ask("0%C"), QByteArray("0%CK0110000000\r\n"));
+        QCOMPARE(client.ask("0RI"), QByteArray("0RI200\r\n"));
+        QCOMPARE(client.ask("0RO"), QByteArray("0RO300\r\n"));
+    }
 
-void TestSimProgram::alarmAfterStartArrivesUnasked()
-{
-    SimProcess sim(QStringLiteral(KTRSIM_PATH));
-    QVERIFY(sim.start({"--alarm", "303@300"}));
-    RawTerminalClient client;
-    QVERIFY(client.open(sim.devicePath()));
-    QCOMPARE(client.readLine(2000), QByteArray("0%%303\r\n"));
-    QCOMPARE(client.ask("0RA"), QByteArray("0RA3\r\n"));
-}
+    void alarmAfterStartArrivesUnasked()
+    {
+        SimProcess sim(QStringLiteral(KTRSIM_PATH));
+        QVERIFY(sim.start({"--alarm", "303@300"}));
+        RawTerminalClient client;
+        QVERIFY(client.open(sim.devicePath()));
+        QCOMPARE(client.readLine(2000), QByteArray("0%%303\r\n"));
+        QCOMPARE(client.ask("0RA"), QByteArray("0RA3\r\n"));
+    }
 
-void TestSimProgram::wrongOptionIsAUsageError()
-{
-    const Finished run = runToEnd({"--lang", "en", "--time-scale", "-1"});
-    QCOMPARE(run.exitCode, 2);
-    QVERIFY(run.out.isEmpty());
-    QCOMPARE(run.err, QByteArray("Invalid value for --time-scale: -1\nRun ktr-sim --help to see the options.\n"));
+    void wrongOptionIsAUsageError()
+    {
+        const Finished run = runToEnd({"--lang", "en", "--time-scale", "-1"});
+        QCOMPARE(run.exitCode, 2);
+        QVERIFY(run.out.isEmpty());
+        QCOMPARE(run.err, QByteArray("Invalid value for --time-scale: -1\nRun ktr-sim --help to see the options.\n"));
 
-    const Finished japanese = runToEnd({"--lang", "ja", "--bogus"});
-    QCOMPARE(japanese.exitCode, 2);
-    QVERIFY(japanese.err.startsWith(QStringLiteral("不明なオプションです: --bogus\n").toUtf8()));
-}
+        const Finished japanese = runToEnd({"--lang", "ja", "--bogus"});
+        QCOMPARE(japanese.exitCode, 2);
+        QVERIFY(japanese.err.startsWith(QStringLiteral("不明なオプションです: --bogus\n").toUtf8()));
+    }
 
-void TestSimProgram::helpListsTheOptions()
-{
-    const Finished run = runToEnd({"--help", "--lang", "en"});
-    QCOMPARE(run.exitCode, 0);
-    QVERIFY(run.out.startsWith("Usage: ktr-sim [--pty | --device DEV]"));
-    QVERIFY(run.out.contains("--restart-after N"));
-    QVERIFY(run.err.isEmpty());
-}
+    void helpListsTheOptions()
+    {
+        const Finished run = runToEnd({"--help", "--lang", "en"});
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY(run.out.startsWith("Usage: ktr-sim [--pty | --device DEV]"));
+        QVERIFY(run.out.contains("--restart-after N"));
+        QVERIFY(run.err.isEmpty());
+    }
+};
 
 QTEST_GUILESS_MAIN(TestSimProgram)
 #include "tst_simprogram.moc"

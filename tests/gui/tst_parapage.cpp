@@ -3,9 +3,8 @@
 // SPECIAL unlock, the device dialog on the way to the standard parameters,
 // and the two printouts.
 
-#include "common/DataFiles.h"
-#include "common/MessageTable.h"
-#include "common/ProgramState.h"
+#include "SimWindowRig.h"
+
 #include "device/widgets/DeviceDialog.h"
 #include "opdata/widgets/OpDataPage.h"
 #include "params/widgets/ParaPage.h"
@@ -13,84 +12,22 @@
 #include "print/PdfPrinter.h"
 #include "print/PdfText.h"
 #include "shell/Twips.h"
-#include "shell/widgets/ControllerSession.h"
-#include "shell/widgets/MainWindow.h"
-#include "sim/SimController.h"
-#include "support/ScriptedFileChooser.h"
-#include "support/ScriptedPrompter.h"
-#include "support/TempSettings.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFileInfo>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <QtTest>
-
-#include <memory>
 
 namespace {
 
 using Answer = Prompter::Answer;
-
-StartupOptions simulator()
-{
-    StartupOptions options;
-    options.simulator = true;
-    return options;
-}
-
-// The main window on the built-in controller, in English, with scripted
-// message boxes and file dialogs, showing the parameter tab.
-struct PageRig {
-    PageRig()
-    {
-        ProgramState::reset();
-        ProgramState::instance().gLanguage = 2;
-        ProgramState::instance().gMsgBase = MessageTable::EnglishBase;
-        DataFiles::setProgramFolder(QFileInfo(QFINDTESTDATA("../../resources/data/nqmdevice.lst")).path());
-        window = std::make_unique<MainWindow>(simulator());
-        window->usePrompter(prompter);
-        window->useFileChooser(files);
-        window->Form_Load();
-        window->SSTab1->setCurrentWidget(window->para);
-        window->show();
-        QApplication::setActiveWindow(window.get());
-        QVERIFY(QTest::qWaitForWindowActive(window.get()));
-    }
-    ~PageRig()
-    {
-        window.reset();
-        DataFiles::setProgramFolder({});
-        ProgramState::reset();
-    }
-
-    ParaPage& page() { return *window->para; }
-    ParaPageController& controller() { return *window->findChild<ParaPageController*>(); }
-    SimController& sim() { return *window->session().simulator(); }
-
-    TempSettings settings;
-    ScriptedPrompter prompter;
-    ScriptedFileChooser files;
-    std::unique_ptr<MainWindow> window;
-};
-
-// Runs once the next modal dialog has opened.
-void whenDialogOpens(const std::function<void(DeviceDialog&)>& act)
-{
-    QTimer::singleShot(0, [act] {
-        auto* dialog = qobject_cast<DeviceDialog*>(QApplication::activeModalWidget());
-        QVERIFY(dialog);
-        act(*dialog);
-    });
-}
+using PageRig = SimWindowRig<ParaPage, ParaPageController>;
 
 QList<QWidget*> specialControls(ParaPage& p)
 {
@@ -126,8 +63,6 @@ private slots:
         QFETCH(QString, before);
         QFETCH(bool, selectAll);
         QFETCH(QString, keys);
-        QFETCH(QString, typed);
-        QFETCH(QString, left);
         PageRig rig;
         auto* edit = rig.page().findChild<QLineEdit*>(box);
         edit->setText(before);
@@ -135,9 +70,9 @@ private slots:
         if (selectAll)
             edit->selectAll();
         QTest::keyClicks(edit, keys);
-        QCOMPARE(edit->text(), typed);
+        QTEST(edit->text(), "typed");
         rig.page().cmdParaRead->setFocus();
-        QCOMPARE(edit->text(), left);
+        QTEST(edit->text(), "left");
     }
 
     void enterLeavesTheBox()
@@ -166,8 +101,6 @@ private slots:
     {
         QFETCH(QByteArray, sizeByte);
         QFETCH(QByteArray, sizeCode);
-        QFETCH(QString, shownSize);
-        QFETCH(QString, current);
         PageRig rig;
         QByteArray block1 = rig.sim().memory().block(1);
         block1.replace(18, 2, sizeByte).replace(26, 2, sizeCode);
@@ -188,8 +121,8 @@ private slots:
         QCOMPARE(p.comboHomeOut->currentText(), QStringLiteral("0. OUT-OFF"));
         QVERIFY(p.optEmgLogic_0->isChecked());
         QVERIFY(p.optAlarmAutoClear_0->isChecked());
-        QCOMPARE(p.comboActSize->currentText(), shownSize);
-        QCOMPARE(rig.window->opData->txtDenryu->text(), current);
+        QTEST(p.comboActSize->currentText(), "shownSize");
+        QTEST(rig.window->opData->txtDenryu->text(), "current");
         QVERIFY(p.cmdParaRead->isEnabled());
         QVERIFY(rig.window->mnuFileOpen->isEnabled());
     }
@@ -247,15 +180,13 @@ private slots:
     void deviceDialogLeadsToStandardParameters()
     {
         QFETCH(QString, action);
-        QFETCH(QString, size);
-        QFETCH(QString, function);
         PageRig rig;
         ParaPage& p = rig.page();
         p.comboActSize->setCurrentText(QStringLiteral("42"));
         QPoint placed;
         QString title;
         QStringList sizes;
-        whenDialogOpens([&](DeviceDialog& d) {
+        whenDialogOpens<DeviceDialog>([&](DeviceDialog& d) {
             placed = d.pos() - rig.window->pos();
             title = d.windowTitle();
             for (int i = 0; i < d.comboDeviceSize->count(); ++i)
@@ -279,8 +210,8 @@ private slots:
         QCOMPARE(sizes, (QStringList{"28", "35", "42", "SP", "42"}));
         QCOMPARE(rig.prompter.texts(), QStringList());
         const ProgramState& g = ProgramState::instance();
-        QCOMPARE(p.comboActSize->currentText(), size);
-        QCOMPARE(p.comboPgFunc->currentText(), function);
+        QTEST(p.comboActSize->currentText(), "size");
+        QTEST(p.comboPgFunc->currentText(), "function");
         if (action != QLatin1String("set")) {
             QVERIFY(g.gActSize.isEmpty());
             QVERIFY(p.txtHomeOffset->text().isEmpty());

@@ -44,77 +44,71 @@ class TestLinePacer : public QObject {
     Q_OBJECT
 
 private slots:
-    void hundredCharactersTakeTheirLineTime();
-    void burstsQueuedBehindEachOtherKeepTheRate();
-    void aBurstAfterIdleStartsAfresh();
-    void withoutPacingBytesPassAtOnce();
-    void clearDropsWhatIsNotOut();
+    void hundredCharactersTakeTheirLineTime()
+    {
+        LinePacer pacer;
+        pacer.setEnabled(true);
+        PacedLine line(pacer);
+        pacer.send(text(100));
+        QVERIFY(line.waitFor(100));
+        QCOMPARE(line.received, text(100));
+        // 100 x 10 bits at 9600 bit/s = 104.2 ms.
+        QVERIFY2(line.lastMs >= 104.0 * 0.9 && line.lastMs <= 104.2 * 1.1, QByteArray::number(line.lastMs));
+        QVERIFY(line.pieces > 10);
+    }
+
+    void burstsQueuedBehindEachOtherKeepTheRate()
+    {
+        LinePacer pacer;
+        pacer.setEnabled(true);
+        PacedLine line(pacer);
+        pacer.send(text(50));
+        Waiter::sleep(20);
+        pacer.send(text(50, 'A'));
+        QVERIFY(line.waitFor(100));
+        QCOMPARE(line.received, text(50) + text(50, 'A'));
+        QVERIFY2(line.lastMs >= 104.0 * 0.9 && line.lastMs <= 104.2 * 1.1, QByteArray::number(line.lastMs));
+    }
+
+    void aBurstAfterIdleStartsAfresh()
+    {
+        LinePacer pacer;
+        pacer.setEnabled(true);
+        PacedLine line(pacer);
+        pacer.send(text(10));
+        QVERIFY(line.waitFor(10));
+        Waiter::sleep(50);
+        const double sentAt = line.clock.nsecsElapsed() / 1e6;
+        pacer.send(text(20));
+        QVERIFY(line.waitFor(30));
+        // Its own 20 characters' time, not out at once on the old schedule.
+        const double took = line.lastMs - sentAt;
+        QVERIFY2(took >= 20.8 * 0.9 && took <= 20.8 * 1.1 + 2, QByteArray::number(took));
+    }
+
+    void withoutPacingBytesPassAtOnce()
+    {
+        LinePacer pacer;
+        PacedLine line(pacer);
+        pacer.send(text(100));
+        QCOMPARE(line.received, text(100));
+        QCOMPARE(line.pieces, 1);
+    }
+
+    void clearDropsWhatIsNotOut()
+    {
+        LinePacer pacer;
+        pacer.setEnabled(true);
+        PacedLine line(pacer);
+        pacer.send(text(100));
+        Waiter::sleep(20);
+        pacer.clear();
+        const qsizetype outBeforeClear = line.received.size();
+        Waiter::sleep(100);
+        QCOMPARE(line.received.size(), outBeforeClear);
+        QVERIFY(outBeforeClear < 100);
+    }
 };
-
-void TestLinePacer::hundredCharactersTakeTheirLineTime()
-{
-    LinePacer pacer;
-    pacer.setEnabled(true);
-    PacedLine line(pacer);
-    pacer.send(text(100));
-    QVERIFY(line.waitFor(100));
-    QCOMPARE(line.received, text(100));
-    // 100 x 10 bits at 9600 bit/s = 104.2 ms.
-    QVERIFY2(line.lastMs >= 104.0 * 0.9 && line.lastMs <= 104.2 * 1.1, QByteArray::number(line.lastMs));
-    QVERIFY(line.pieces > 10);
-}
-
-void TestLinePacer::burstsQueuedBehindEachOtherKeepTheRate()
-{
-    LinePacer pacer;
-    pacer.setEnabled(true);
-    PacedLine line(pacer);
-    pacer.send(text(50));
-    Waiter::sleep(20);
-    pacer.send(text(50, 'A'));
-    QVERIFY(line.waitFor(100));
-    QCOMPARE(line.received, text(50) + text(50, 'A'));
-    QVERIFY2(line.lastMs >= 104.0 * 0.9 && line.lastMs <= 104.2 * 1.1, QByteArray::number(line.lastMs));
-}
-
-void TestLinePacer::aBurstAfterIdleStartsAfresh()
-{
-    LinePacer pacer;
-    pacer.setEnabled(true);
-    PacedLine line(pacer);
-    pacer.send(text(10));
-    QVERIFY(line.waitFor(10));
-    Waiter::sleep(50);
-    const double sentAt = line.clock.nsecsElapsed() / 1e6;
-    pacer.send(text(20));
-    QVERIFY(line.waitFor(30));
-    // Its own 20 characters' time, not out at once on the old schedule.
-    const double took = line.lastMs - sentAt;
-    QVERIFY2(took >= 20.8 * 0.9 && took <= 20.8 * 1.1 + 2, QByteArray::number(took));
-}
-
-void TestLinePacer::withoutPacingBytesPassAtOnce()
-{
-    LinePacer pacer;
-    PacedLine line(pacer);
-    pacer.send(text(100));
-    QCOMPARE(line.received, text(100));
-    QCOMPARE(line.pieces, 1);
-}
-
-void TestLinePacer::clearDropsWhatIsNotOut()
-{
-    LinePacer pacer;
-    pacer.setEnabled(true);
-    PacedLine line(pacer);
-    pacer.send(text(100));
-    Waiter::sleep(20);
-    pacer.clear();
-    const qsizetype outBeforeClear = line.received.size();
-    Waiter::sleep(100);
-    QCOMPARE(line.received.size(), outBeforeClear);
-    QVERIFY(outBeforeClear < 100);
-}
 
 QTEST_GUILESS_MAIN(TestLinePacer)
 #include "tst_linepacer.moc"

@@ -1,0 +1,118 @@
+#pragma once
+
+#include "common/Waiter.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include <csignal>
+#include <functional>
+
+struct CtlRun {
+    int exitCode = -1;
+    QString out;
+    QString err;
+};
+
+// ktrctl with a settings store of its own, so the user's stored port and
+// language play no part; English unless the arguments choose a language.
+// stderr is gathered as it comes, so a test can act on the trace of a run
+// in progress.
+class KtrctlProcess {
+public:
+    KtrctlProcess()
+    {
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_config.path());
+        env.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_config.path());
+        env.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+        m_process.setProcessEnvironment(env);
+        QObject::connect(&m_process, &QProcess::readyReadStandardError, [this] {
+            m_err += QString::fromUtf8(m_process.readAllStandardError());
+            Waiter::wake();
+        });
+        QObject::connect(&m_process, &QProcess::finished, [] { Waiter::wake(); });
+    }
+
+    void start(QStringList args)
+    {
+        if (!args.contains(QStringLiteral("--lang")))
+            args = QStringList{"--lang", "en"} + args;
+        m_process.start(QStringLiteral(KTRCTL_PATH), args);
+        m_process.waitForStarted();
+    }
+    bool waitForErr(const std::function<bool(const QString&)>& done, int timeoutMs = 15000)
+    {
+        return Waiter::waitUntil([&] { return done(m_err); }, timeoutMs) == Waiter::Result::Done;
+    }
+    void interrupt() { ::kill(pid_t(m_process.processId()), SIGINT); }
+    CtlRun finish(int timeoutMs = 30000)
+    {
+        CtlRun run;
+        if (Waiter::waitUntil([this] { return m_process.state() == QProcess::NotRunning; }, timeoutMs)
+            != Waiter::Result::Done) {
+            m_process.kill();
+            m_process.waitForFinished();
+            return run;
+        }
+        m_err += QString::fromUtf8(m_process.readAllStandardError());
+        run.exitCode = m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
+        run.out = QString::fromUtf8(m_process.readAllStandardOutput());
+        run.err = m_err;
+        return run;
+    }
+    static CtlRun run(const QStringList& args)
+    {
+        KtrctlProcess ktrctl;
+        ktrctl.start(args);
+        return ktrctl.finish();
+    }
+
+private:
+    QTemporaryDir m_config;
+    QProcess m_process;
+    QString m_err;
+};
+
+struct TraceFrame {
+    int ms;
+    QString text;   // "> 0MP01" or "< 0RA1"
+};
+
+// The frames of a --trace run, with their times.
+inline QList<TraceFrame> traceFrames(const QString& err)
+{
+    static const QRegularExpression line(QStringLiteral("^\\+(\\d+)\\.(\\d{3}) ([<>] .*)$"),
+                                         QRegularExpression::MultilineOption);
+    QList<TraceFrame> frames;
+    for (auto it = line.globalMatch(err); it.hasNext();) {
+        const auto m = it.next();
+        frames.append({m.captured(1).toInt() * 1000 + m.captured(2).toInt(), m.captured(3)});
+    }
+    return frames;
+}
+
+// The frames sent, without the "> ".
+inline QStringList sentFrames(const QString& err)
+{
+    QStringList out;
+    for (const TraceFrame& f : traceFrames(err))
+        if (f.text.startsWith(u'>'))
+            out << f.text.mid(2);
+    return out;
+}
+
+inline QStringList linesOf(const QString& text)
+{
+    return text.split(u'\n', Qt::SkipEmptyParts);
+}
+
+inline QString writeFile(const QTemporaryDir& dir, const QString& name, const QByteArray& bytes)
+{
+    QFile file(dir.filePath(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        return {};
+    return file.fileName();
+}
