@@ -25,6 +25,7 @@ namespace {
 const QString TimedOut = QStringLiteral("Communication timeout error!\r\n\r\nCheck the followings;\r\n"
                                         " 1.Power ON for controller?\r\n 2.Communication cables are connected?");
 const QString LengthError = QStringLiteral("Communication data length error occurs!\r\nLength of data is wrong.");
+const QString WriteFailed = QStringLiteral("Fail to Write parameters.");
 
 // What ktrctl told its user: stderr without the lines of --trace.
 QStringList toldLines(const QString& err)
@@ -36,12 +37,11 @@ QStringList toldLines(const QString& err)
     return told;
 }
 
+// The messages as ktrctl prints them: every line ended by LF.
 QStringList expectedLines(const QStringList& messages)
 {
     return messages.join(QStringLiteral("\r\n")).split(QStringLiteral("\r\n")) + QStringList{QString()};
 }
-
-const QString WriteFailed = QStringLiteral("Fail to Write parameters.");
 
 // The factory parameter set of the virtual controller with VEL 33 instead
 // of 10, as a parameter file.
