@@ -59,10 +59,11 @@ sed 's/^"28\([A-Z][0-9]*"\)/"20\1/' "$work/size28.pmt" >"$work/size20.pmt"
 grep -q '^"20[A-Z]' "$work/size20.pmt" || { echo "no motor code of size 28 in the parameter file" >&2; exit 1; }
 ktrctl opdata read -o "$work/data.qmd" >/dev/null
 
-# One trace: characters both ways, time from the first frame to the last
-# line, idle time between a line received and the next frame sent, and of
-# that the part spent before the frame named by the second argument, where
-# the sequence pauses on purpose.
+# One trace: the time without the deliberate pause, characters both ways,
+# time from the first frame to the last line, idle time between a line
+# received and the next frame sent, and apart from that the time spent
+# before the frame named by the second argument, where the sequence pauses
+# on purpose.
 trace_figures() {
     awk -v paused="$2" '/^\+[0-9]+\.[0-9][0-9][0-9] [<>] / {
         split(substr($1, 2), t, ".")
@@ -76,7 +77,7 @@ trace_figures() {
         }
         received = ($2 == "<") ? ms : ""
     }
-    END { printf "%d %d %d %d\n", chars, last - first, idle, pause }' "$1"
+    END { printf "%d %d %d %d %d\n", last - first - pause, chars, last - first, idle, pause }' "$1"
 }
 
 # name, the frame before which the sequence pauses on purpose (or ""), and
@@ -93,10 +94,10 @@ table_row() {
         }
         trace_figures "$work/trace" "$paused" >>"$work/figures"
     done
-    # Runs ordered by their time; the mean of the middle half keeps a run
-    # that another program held up from counting.
-    sort -n -k2 "$work/figures" | awk -v name="$name" '
-        { chars = $1; ms[NR] = $2; idle[NR] = $3; pause[NR] = $4 }
+    # Runs ordered by their time without the pause; the mean of the middle
+    # half keeps a run that another program held up from counting.
+    sort -n "$work/figures" | awk -v name="$name" '
+        { chars = $2; ms[NR] = $3; idle[NR] = $4; pause[NR] = $5 }
         END {
             low = int(NR / 4) + 1; high = NR - int(NR / 4)
             for (i = low; i <= high; ++i) { m += ms[i]; g += idle[i]; w += pause[i] }
