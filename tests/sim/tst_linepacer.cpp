@@ -86,6 +86,29 @@ private slots:
         QVERIFY2(took >= 20.8 * 0.9 && took <= 20.8 * 1.1 + 2, QByteArray::number(took));
     }
 
+    // A pseudo-terminal hands the request over at once; the reply must still
+    // wait for the request's own line time, but a reply that comes later
+    // than that does not wait any further.
+    void aReplyWaitsForItsRequestToBeIn()
+    {
+        LinePacer pacer;
+        pacer.setEnabled(true);
+        PacedLine line(pacer);
+        pacer.holdForRequest(40);
+        pacer.send(text(10));
+        QVERIFY(line.waitFor(10));
+        // 50 characters: 52.1 ms.
+        QVERIFY2(line.lastMs >= 52.1 - 1 && line.lastMs <= 52.1 * 1.1 + 2, QByteArray::number(line.lastMs));
+
+        pacer.holdForRequest(5);
+        Waiter::sleep(30);
+        const double sentAt = line.clock.nsecsElapsed() / 1e6;
+        pacer.send(text(10));
+        QVERIFY(line.waitFor(20));
+        const double took = line.lastMs - sentAt;
+        QVERIFY2(took >= 10.4 - 1 && took <= 10.4 * 1.1 + 2, QByteArray::number(took));
+    }
+
     void withoutPacingBytesPassAtOnce()
     {
         LinePacer pacer;
