@@ -5,6 +5,20 @@
 
 #include <QTest>
 
+// A monitor on a scripted line; the mode switch and the first poll answered.
+struct MonitorRig : OpDataRig {
+    FakeIoView view;
+    IoMonitor monitor{ctx, view};
+
+    explicit MonitorRig(const char* inputs = "000", const char* outputs = "00")
+    {
+        answer("0CM7", "0CM7");
+        answer("0RI", QByteArray("0RI").append(inputs).constData());
+        answer("0RO", QByteArray("0RO").append(outputs).constData());
+    }
+    ~MonitorRig() { monitor.timerInputOutput1.stop(); }
+};
+
 class TestIoMonitor : public QObject {
     Q_OBJECT
 
@@ -41,98 +55,75 @@ private slots:
 
     void startShowsLamps()
     {
-        OpDataRig rig;
-        FakeIoView view;
-        IoMonitor monitor(rig.ctx, view);
-        rig.answer("0CM7", "0CM7");
-        rig.answer("0RI", "0RI800");
-        rig.answer("0RO", "0RO43");
+        MonitorRig rig("800", "43");
 
-        monitor.toggle();
-        QCOMPARE(view.caption, QStringLiteral("Stop Monitor"));
-        QVERIFY(!view.othersEnabled);
+        rig.monitor.toggle();
+        QCOMPARE(rig.view.caption, QStringLiteral("Stop Monitor"));
+        QVERIFY(!rig.view.othersEnabled);
         QCOMPARE(rig.lock.calls, (QStringList{"tabs off", "Menyu_Muko"}));
-        QVERIFY(monitor.timerInputOutput1.isActive());
-        QCOMPARE(monitor.timerInputOutput1.interval(), IoMonitor::PollIntervalMs);
+        QVERIFY(rig.monitor.timerInputOutput1.isActive());
+        QCOMPARE(rig.monitor.timerInputOutput1.interval(), IoMonitor::PollIntervalMs);
 
-        QTRY_COMPARE(view.lit(), (QStringList{"imgInputStb", "imgOutputAlm", "imgOutputOut1", "imgOutputOut2"}));
+        QTRY_COMPARE(rig.view.lit(), (QStringList{"imgInputStb", "imgOutputAlm", "imgOutputOut1", "imgOutputOut2"}));
         QCOMPARE(rig.frames().mid(0, 3), (QStringList{"0CM7", "0RI", "0RO"}));
-        QVERIFY(monitor.mIoFirstPoll);
-        QVERIFY(!monitor.mIoReading);
-        monitor.timerInputOutput1.stop();
+        QVERIFY(rig.monitor.mIoFirstPoll);
+        QVERIFY(!rig.monitor.mIoReading);
     }
 
     void outputClickWrittenOnNextTick()
     {
-        OpDataRig rig;
-        FakeIoView view;
-        IoMonitor monitor(rig.ctx, view);
-        rig.answer("0CM7", "0CM7");
-        rig.answer("0RI", "0RI000");
-        rig.answer("0RO", "0RO00");
+        MonitorRig rig;
         rig.answer("0WO02", "0WO02");
         rig.answer("0RI", "0RI000");
         rig.answer("0RO", "0RO02");
 
-        monitor.start();
+        rig.monitor.start();
         QTRY_COMPARE(rig.port.frames.size(), 3);
-        monitor.outputClicked(IoLamp::OutputOut1);
-        QVERIFY(monitor.mIoWritePending);
+        rig.monitor.outputClicked(IoLamp::OutputOut1);
+        QVERIFY(rig.monitor.mIoWritePending);
 
         QTRY_COMPARE(rig.port.frames.size(), 6);
         QCOMPARE(rig.frames().mid(3), (QStringList{"0WO02", "0RI", "0RO"}));
-        QVERIFY(!monitor.mIoWritePending);
-        QVERIFY(!monitor.OutputToggle[2][2]);
-        QCOMPARE(view.lit(), QStringList{"imgOutputOut1"});
-        monitor.timerInputOutput1.stop();
+        QVERIFY(!rig.monitor.mIoWritePending);
+        QVERIFY(!rig.monitor.OutputToggle[2][2]);
+        QCOMPARE(rig.view.lit(), QStringList{"imgOutputOut1"});
     }
 
     void failedOutputWriteIsReported()
     {
-        OpDataRig rig;
-        FakeIoView view;
-        IoMonitor monitor(rig.ctx, view);
-        rig.answer("0CM7", "0CM7");
-        rig.answer("0RI", "0RI000");
-        rig.answer("0RO", "0RO00");
+        MonitorRig rig;
         rig.answer("0WO01", "0%%104");
         rig.answer("0RI", "0RI000");
         rig.answer("0RO", "0RO00");
 
-        monitor.start();
+        rig.monitor.start();
         QTRY_COMPARE(rig.port.frames.size(), 3);
-        monitor.outputClicked(IoLamp::OutputOut2);
+        rig.monitor.outputClicked(IoLamp::OutputOut2);
         QTRY_COMPARE(rig.port.frames.size(), 6);
 
         QCOMPARE(rig.prompter.lastText(), QStringLiteral("Communication error occurs!\r\n\r\ntransmit data is wrong"));
-        QVERIFY2(monitor.mIoRunning, "the monitor goes on reading");
-        monitor.timerInputOutput1.stop();
+        QVERIFY2(rig.monitor.mIoRunning, "the monitor goes on reading");
     }
 
     void stopLeavesMonitorMode()
     {
-        OpDataRig rig;
-        FakeIoView view;
-        IoMonitor monitor(rig.ctx, view);
-        rig.answer("0CM7", "0CM7");
-        rig.answer("0RI", "0RI800");
-        rig.answer("0RO", "0RO70");
+        MonitorRig rig("800", "70");
         rig.answer("0CM0", "0CM0");
 
-        monitor.toggle();
-        QTRY_COMPARE(view.lit().size(), 4);
-        monitor.toggle();
-        QCOMPARE(view.caption, QStringLiteral("Start Monitor"));
-        QVERIFY(view.othersEnabled);
+        rig.monitor.toggle();
+        QTRY_COMPARE(rig.view.lit().size(), 4);
+        rig.monitor.toggle();
+        QCOMPARE(rig.view.caption, QStringLiteral("Start Monitor"));
+        QVERIFY(rig.view.othersEnabled);
         QCOMPARE(rig.lock.calls, (QStringList{"tabs off", "Menyu_Muko", "tabs on", "Menyu_Yuko"}));
 
-        QTRY_VERIFY(!monitor.mIoRunning);
+        QTRY_VERIFY(!rig.monitor.mIoRunning);
         QCOMPARE(rig.frames(), (QStringList{"0CM7", "0RI", "0RO", "0CM0"}));
-        QVERIFY(view.lit().isEmpty());
-        QCOMPARE(view.lamps.size(), 7);
-        QVERIFY(!monitor.timerInputOutput1.isActive());
-        QVERIFY(!monitor.mIoStopRequest);
-        QVERIFY(!monitor.mIoFirstPoll);
+        QVERIFY(rig.view.lit().isEmpty());
+        QCOMPARE(rig.view.lamps.size(), 7);
+        QVERIFY(!rig.monitor.timerInputOutput1.isActive());
+        QVERIFY(!rig.monitor.mIoStopRequest);
+        QVERIFY(!rig.monitor.mIoFirstPoll);
         QVERIFY(!rig.port.isOpen());
     }
 
@@ -156,21 +147,16 @@ private slots:
 
     void failedReadStops()
     {
-        OpDataRig rig;
-        FakeIoView view;
-        IoMonitor monitor(rig.ctx, view);
-        rig.answer("0CM7", "0CM7");
-        rig.answer("0RI", "0RI800");
-        rig.answer("0RO", "0RO70");
+        MonitorRig rig("800", "70");
         rig.answer("0RI", "0%%101");
 
-        monitor.start();
-        QTRY_COMPARE(view.lit().size(), 4);
-        QTRY_VERIFY(!monitor.mIoRunning);
+        rig.monitor.start();
+        QTRY_COMPARE(rig.view.lit().size(), 4);
+        QTRY_VERIFY(!rig.monitor.mIoRunning);
         QCOMPARE(rig.frames(), (QStringList{"0CM7", "0RI", "0RO", "0RI"}));
-        QVERIFY(view.lit().isEmpty());
-        QCOMPARE(view.caption, QStringLiteral("Start Monitor"));
-        QVERIFY(!monitor.timerInputOutput1.isActive());
+        QVERIFY(rig.view.lit().isEmpty());
+        QCOMPARE(rig.view.caption, QStringLiteral("Start Monitor"));
+        QVERIFY(!rig.monitor.timerInputOutput1.isActive());
         QVERIFY(!rig.port.isOpen());
     }
 };
