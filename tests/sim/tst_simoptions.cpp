@@ -121,18 +121,6 @@ private slots:
         QFETCH(int, language);
         QCOMPARE(int(SimOptions::language(args)), language);
     }
-
-    void helpNamesEveryOption()
-    {
-        const QString help = SimOptions::usage();
-        for (const char* name : {"--pty", "--device", "--pace", "--state", "--time-scale", "--lang",
-                                 "--help", "--silent", "--late", "--extra-char", "--wrong-echo",
-                                 "--split-crlf", "--error-reply", "--garbage", "--alarm", "--stb",
-                                 "--stop", "--restart-after"})
-            QVERIFY2(help.contains(QLatin1String(name)), name);
-        ProgramState::instance().gMsgBase = 0;
-        QVERIFY(SimOptions::usage().contains(QStringLiteral("擬似端末")));
-    }
 };
 
 QTEST_APPLESS_MAIN(TestSimOptions)
