@@ -33,6 +33,15 @@ public:
         return received;
     }
 
+    // The replies to requests asked one after the other.
+    QList<QByteArray> askAll(const QList<QByteArray>& requests)
+    {
+        QList<QByteArray> replies;
+        for (const QByteArray& r : requests)
+            replies.append(ask(r));
+        return replies;
+    }
+
     void send(const QByteArray& bytes)
     {
         clear();
@@ -66,4 +75,10 @@ public:
 private:
     SimController& m_controller;
     QElapsedTimer m_clock;
+};
+
+// A fresh controller with a client on its line.
+struct SimLine {
+    SimController controller;
+    ControllerClient client{controller};
 };
