@@ -6,10 +6,11 @@
 
 namespace {
 
-// Gathers what the pacer lets out and when the last piece came.
+// A pacer and what it lets out, with when the last piece came.
 struct PacedLine {
-    explicit PacedLine(LinePacer& pacer)
+    explicit PacedLine(bool paced = true)
     {
+        pacer.setEnabled(paced);
         clock.start();
         QObject::connect(&pacer, &LinePacer::paced, &context, [this](const QByteArray& bytes) {
             received += bytes;
@@ -23,6 +24,7 @@ struct PacedLine {
         return Waiter::waitUntil([&] { return received.size() >= size; }, 2000) == Waiter::Result::Done;
     }
 
+    LinePacer pacer;
     QObject context;
     QElapsedTimer clock;
     QByteArray received;
@@ -46,10 +48,8 @@ class TestLinePacer : public QObject {
 private slots:
     void hundredCharactersTakeTheirLineTime()
     {
-        LinePacer pacer;
-        pacer.setEnabled(true);
-        PacedLine line(pacer);
-        pacer.send(text(100));
+        PacedLine line;
+        line.pacer.send(text(100));
         QVERIFY(line.waitFor(100));
         QCOMPARE(line.received, text(100));
         // 100 x 10 bits at 9600 bit/s = 104.2 ms.
@@ -59,12 +59,10 @@ private slots:
 
     void burstsQueuedBehindEachOtherKeepTheRate()
     {
-        LinePacer pacer;
-        pacer.setEnabled(true);
-        PacedLine line(pacer);
-        pacer.send(text(50));
+        PacedLine line;
+        line.pacer.send(text(50));
         Waiter::sleep(20);
-        pacer.send(text(50, 'A'));
+        line.pacer.send(text(50, 'A'));
         QVERIFY(line.waitFor(100));
         QCOMPARE(line.received, text(50) + text(50, 'A'));
         QVERIFY2(line.lastMs >= 104.0 * 0.9 && line.lastMs <= 104.2 * 1.1, QByteArray::number(line.lastMs));
@@ -72,14 +70,12 @@ private slots:
 
     void aBurstAfterIdleStartsAfresh()
     {
-        LinePacer pacer;
-        pacer.setEnabled(true);
-        PacedLine line(pacer);
-        pacer.send(text(10));
+        PacedLine line;
+        line.pacer.send(text(10));
         QVERIFY(line.waitFor(10));
         Waiter::sleep(50);
         const double sentAt = line.clock.nsecsElapsed() / 1e6;
-        pacer.send(text(20));
+        line.pacer.send(text(20));
         QVERIFY(line.waitFor(30));
         // Its own 20 characters' time, not out at once on the old schedule.
         const double took = line.lastMs - sentAt;
@@ -91,19 +87,17 @@ private slots:
     // than that does not wait any further.
     void aReplyWaitsForItsRequestToBeIn()
     {
-        LinePacer pacer;
-        pacer.setEnabled(true);
-        PacedLine line(pacer);
-        pacer.holdForRequest(40);
-        pacer.send(text(10));
+        PacedLine line;
+        line.pacer.holdForRequest(40);
+        line.pacer.send(text(10));
         QVERIFY(line.waitFor(10));
         // 50 characters: 52.1 ms.
         QVERIFY2(line.lastMs >= 52.1 - 1 && line.lastMs <= 52.1 * 1.1 + 2, QByteArray::number(line.lastMs));
 
-        pacer.holdForRequest(5);
+        line.pacer.holdForRequest(5);
         Waiter::sleep(30);
         const double sentAt = line.clock.nsecsElapsed() / 1e6;
-        pacer.send(text(10));
+        line.pacer.send(text(10));
         QVERIFY(line.waitFor(20));
         const double took = line.lastMs - sentAt;
         QVERIFY2(took >= 10.4 - 1 && took <= 10.4 * 1.1 + 2, QByteArray::number(took));
@@ -111,21 +105,18 @@ private slots:
 
     void withoutPacingBytesPassAtOnce()
     {
-        LinePacer pacer;
-        PacedLine line(pacer);
-        pacer.send(text(100));
+        PacedLine line(false);
+        line.pacer.send(text(100));
         QCOMPARE(line.received, text(100));
         QCOMPARE(line.pieces, 1);
     }
 
     void clearDropsWhatIsNotOut()
     {
-        LinePacer pacer;
-        pacer.setEnabled(true);
-        PacedLine line(pacer);
-        pacer.send(text(100));
+        PacedLine line;
+        line.pacer.send(text(100));
         Waiter::sleep(20);
-        pacer.clear();
+        line.pacer.clear();
         const qsizetype outBeforeClear = line.received.size();
         Waiter::sleep(100);
         QCOMPARE(line.received.size(), outBeforeClear);
