@@ -8,6 +8,8 @@
 #include <QList>
 #include <QObject>
 
+#include <functional>
+
 // Talks to a virtual controller the way a client on the line does: writes
 // a request and gathers what comes back, with the time each piece arrived.
 class ControllerClient : public QObject {
@@ -77,8 +79,19 @@ private:
     QElapsedTimer m_clock;
 };
 
-// A fresh controller with a client on its line.
+// Faults set by a function, so that a test names only what it changes.
+inline SimFaults faultsWith(const std::function<void(SimFaults&)>& set)
+{
+    SimFaults faults;
+    set(faults);
+    return faults;
+}
+
+// A fresh controller, with faults if given, and a client on its line.
 struct SimLine {
+    SimLine() = default;
+    explicit SimLine(const SimFaults& faults) { controller.setFaults(faults); }
+
     SimController controller;
     ControllerClient client{controller};
 };
