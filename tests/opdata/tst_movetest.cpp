@@ -23,6 +23,31 @@ void scriptMove(OpDataRig& rig, int busyPolls = 0)
     rig.answer("0RA", "0RA1");
 }
 
+// A move test whose first status query finds the table at rest.
+struct MoveRig : OpDataRig {
+    MoveTestState state;
+    MoveRun run{ctx, state, view};
+
+    explicit MoveRig(bool continuous = true, const char* firstStatus = "0RA1")
+    {
+        view.shown.optCNT = continuous;
+        answer("0RA", firstStatus);
+    }
+    void dwell(const char* seconds)
+    {
+        view.shown.chkTimerUse = true;
+        view.shown.txtTimer = QString::fromLatin1(seconds);
+    }
+    int moves() const { return frames().count(QStringLiteral("0MP01")); }
+};
+
+// Homing's mode switch accepted and the home move answered with `reply`.
+void scriptHoming(OpDataRig& rig, const char* reply = "0MP00")
+{
+    rig.answer("0CM6", "0CM6");
+    rig.answer("0MP00", reply);
+}
+
 } // namespace
 
 class TestMoveTest : public QObject {
@@ -31,16 +56,14 @@ class TestMoveTest : public QObject {
 private slots:
     void stepModeMovesOnce()
     {
-        OpDataRig rig;
-        MoveTestState state;
-        rig.answer("0RA", "0RA1");
+        MoveRig rig(false);
         scriptMove(rig, 2);
 
-        MoveRun(rig.ctx, state, rig.view).run();
+        rig.run.run();
 
         QCOMPARE(rig.frames(), (QStringList{"0RA", "0MP01", "0RA", "0RA", "0RA"}));
-        QCOMPARE(state.mMoveNo, 2);
-        QVERIFY(!state.mMoving);
+        QCOMPARE(rig.state.mMoveNo, 2);
+        QVERIFY(!rig.state.mMoving);
         QCOMPARE(rig.lock.calls, MoveLocked);
         QVERIFY(!ProgramState::instance().gCommBusy);
         QVERIFY(!rig.port.isOpen());
@@ -49,125 +72,103 @@ private slots:
 
     void continuousRunsFifteenMoves()
     {
-        OpDataRig rig;
-        MoveTestState state;
-        rig.view.shown.optCNT = true;
-        rig.answer("0RA", "0RA2");
+        MoveRig rig(true, "0RA2");
         for (int i = 0; i < 20; ++i)
             scriptMove(rig);
-        MoveRun run(rig.ctx, state, rig.view);
-        QSignalSpy finished(&run, &MoveRun::moveFinished);
+        QSignalSpy finished(&rig.run, &MoveRun::moveFinished);
 
-        run.run();
+        rig.run.run();
 
-        QCOMPARE(rig.frames().count(QStringLiteral("0MP01")), 15);
+        QCOMPARE(rig.moves(), 15);
         QCOMPARE(finished.size(), 15);
         QCOMPARE(finished.first().at(0).toInt(), 1);
         QCOMPARE(finished.last().at(0).toInt(), 15);
-        QCOMPARE(state.mMoveNo, 1);
+        QCOMPARE(rig.state.mMoveNo, 1);
     }
 
     void dwellBetweenMoves()
     {
-        OpDataRig rig;
-        MoveTestState state;
-        rig.view.shown.optCNT = true;
-        rig.view.shown.chkTimerUse = true;
-        rig.view.shown.txtTimer = QStringLiteral("5");
-        rig.answer("0RA", "0RA1");
+        MoveRig rig;
+        rig.dwell("5");
         scriptMove(rig);
         scriptMove(rig);
-        MoveRun run(rig.ctx, state, rig.view);
 
         QElapsedTimer clock;
         qint64 firstMoveOver = -1;
         qint64 secondMoveStarted = -1;
-        connect(&rig.link, &Link::lineReceived, &run, [&](const QByteArray& line) {
+        connect(&rig.link, &Link::lineReceived, &rig.run, [&](const QByteArray& line) {
             if (line == "0RA1" && firstMoveOver < 0 && rig.port.frames.count("0MP01") == 1)
                 firstMoveOver = clock.elapsed();
         });
-        connect(&rig.link, &Link::frameSent, &run, [&](const QByteArray& frame) {
+        connect(&rig.link, &Link::frameSent, &rig.run, [&](const QByteArray& frame) {
             if (frame.startsWith("0MP01") && rig.port.frames.count("0MP01") == 2) {
                 secondMoveStarted = clock.elapsed();
-                run.stop();
+                rig.run.stop();
             }
         });
         clock.start();
-        run.run();
+        rig.run.run();
 
-        QCOMPARE(rig.frames().count(QStringLiteral("0MP01")), 2);
+        QCOMPARE(rig.moves(), 2);
         QVERIFY(firstMoveOver >= 0);
         const qint64 dwell = secondMoveStarted - firstMoveOver;
         QVERIFY2(dwell >= 490 && dwell < 1500, qPrintable(QString::number(dwell)));
-        QVERIFY(!run.Timer2.isActive());
-        QVERIFY(!state.mDwellOver);
+        QVERIFY(!rig.run.Timer2.isActive());
+        QVERIFY(!rig.state.mDwellOver);
     }
 
     void stopDuringMoveLetsItComplete()
     {
-        OpDataRig rig;
-        MoveTestState state;
-        rig.view.shown.optCNT = true;
-        rig.answer("0RA", "0RA1");
+        MoveRig rig;
         scriptMove(rig, 3);
         scriptMove(rig);
-        MoveRun run(rig.ctx, state, rig.view);
-        connect(&rig.link, &Link::frameSent, &run, [&](const QByteArray& frame) {
+        connect(&rig.link, &Link::frameSent, &rig.run, [&](const QByteArray& frame) {
             if (frame.startsWith("0MP01"))
-                run.stop();
+                rig.run.stop();
         });
 
-        run.run();
+        rig.run.run();
 
         QCOMPARE(rig.frames(), (QStringList{"0RA", "0MP01", "0RA", "0RA", "0RA", "0RA"}));
-        QVERIFY(state.mStopRequest);
-        QCOMPARE(state.mMoveNo, 2);
+        QVERIFY(rig.state.mStopRequest);
+        QCOMPARE(rig.state.mMoveNo, 2);
         QCOMPARE(rig.lock.calls, MoveLocked);
     }
 
     void stopDuringDwellEndsAtOnce()
     {
-        OpDataRig rig;
-        MoveTestState state;
-        rig.view.shown.optCNT = true;
-        rig.view.shown.chkTimerUse = true;
-        rig.view.shown.txtTimer = QStringLiteral("600");
-        rig.answer("0RA", "0RA1");
+        MoveRig rig;
+        rig.dwell("600");
         scriptMove(rig);
         scriptMove(rig);
-        MoveRun run(rig.ctx, state, rig.view);
-        connect(&run, &MoveRun::moveFinished, &run, [&] {
-            QTimer::singleShot(100, &run, [&] { run.stop(); });
+        connect(&rig.run, &MoveRun::moveFinished, &rig.run, [&] {
+            QTimer::singleShot(100, &rig.run, [&] { rig.run.stop(); });
         });
 
         QElapsedTimer clock;
         clock.start();
-        run.run();
+        rig.run.run();
 
         QVERIFY2(clock.elapsed() < 5000, "a one-minute dwell was cut short");
-        QCOMPARE(rig.frames().count(QStringLiteral("0MP01")), 1);
-        QVERIFY(!run.Timer2.isActive());
+        QCOMPARE(rig.moves(), 1);
+        QVERIFY(!rig.run.Timer2.isActive());
     }
 
     void stoppedSeriesStartsAgainAtOne()
     {
-        OpDataRig rig;
-        MoveTestState state;
-        state.mMoveNo = 7;
-        state.mStopRequest = true;
-        state.mStopOther = true;
-        rig.view.shown.optCNT = true;
-        rig.answer("0RA", "0RA1");
+        MoveRig rig;
+        rig.state.mMoveNo = 7;
+        rig.state.mStopRequest = true;
+        rig.state.mStopOther = true;
         for (int i = 0; i < 15; ++i)
             scriptMove(rig);
-        MoveRun run(rig.ctx, state, rig.view);
 
-        run.run();
+        rig.run.run();
 
-        QCOMPARE(rig.frames().count(QStringLiteral("0MP01")), 15);
-        QVERIFY(!state.mStopRequest);
-        QVERIFY(!state.mStopOther);
-        QCOMPARE(state.mMoveNo, 1);
+        QCOMPARE(rig.moves(), 15);
+        QVERIFY(!rig.state.mStopRequest);
+        QVERIFY(!rig.state.mStopOther);
+        QCOMPARE(rig.state.mMoveNo, 1);
     }
 
     void notAtRestSendsNothing_data()
@@ -179,11 +180,9 @@ private slots:
     void notAtRestSendsNothing()
     {
         QFETCH(QByteArray, status);
-        OpDataRig rig;
-        MoveTestState state;
-        rig.answer("0RA", status.constData());
+        MoveRig rig(false, status.constData());
 
-        MoveRun(rig.ctx, state, rig.view).run();
+        rig.run.run();
 
         QCOMPARE(rig.frames(), QStringList{"0RA"});
         QVERIFY(rig.prompter.shown.isEmpty());
@@ -193,49 +192,41 @@ private slots:
 
     void statusFailureEndsTheRun()
     {
-        OpDataRig rig;
-        MoveTestState state;
-        rig.view.shown.optCNT = true;
-        rig.answer("0RA", "0RA1");
+        MoveRig rig;
         rig.answer("0MP01", "0MP01");
         rig.answer("0RA", "0RA5");
         for (int i = 0; i < 3; ++i)
             scriptMove(rig);
 
-        MoveRun(rig.ctx, state, rig.view).run();
+        rig.run.run();
 
         QCOMPARE(rig.frames(), (QStringList{"0RA", "0MP01", "0RA"}));
-        QCOMPARE(state.mMoveNo, 1);
-        QVERIFY(state.mMoving);
+        QCOMPARE(rig.state.mMoveNo, 1);
+        QVERIFY(rig.state.mMoving);
     }
 
     void closingTheProgramEndsThePolling()
     {
-        OpDataRig rig;
-        MoveTestState state;
-        rig.view.shown.optCNT = true;
-        rig.answer("0RA", "0RA1");
+        MoveRig rig;
         rig.answer("0MP01", "0MP01");
         for (int i = 0; i < 500; ++i)
             rig.answer("0RA", "0RA0");
-        MoveRun run(rig.ctx, state, rig.view);
         QTimer::singleShot(300, [] { Waiter::abortAll(); });
 
         QElapsedTimer clock;
         clock.start();
-        run.run();
+        rig.run.run();
 
         QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
-        QVERIFY(!run.isRunning());
-        QCOMPARE(rig.frames().count(QStringLiteral("0MP01")), 1);
+        QVERIFY(!rig.run.isRunning());
+        QCOMPARE(rig.moves(), 1);
         QCOMPARE(rig.lock.calls.last(), QStringLiteral("Menyu_Yuko"));
     }
 
     void homing()
     {
         OpDataRig rig;
-        rig.answer("0CM6", "0CM6");
-        rig.answer("0MP00", "0MP00");
+        scriptHoming(rig);
         rig.answer("0RA", "0RA0");
         rig.answer("0RA", "0RA1");
         ProgramState::instance().gHomeFailed = true;
@@ -254,8 +245,7 @@ private slots:
     void homingBlocked()
     {
         OpDataRig rig;
-        rig.answer("0CM6", "0CM6");
-        rig.answer("0MP00", "0MP00");
+        scriptHoming(rig);
         rig.answer("0RA", "0RA1");
         ProgramState::instance().gHomeRequestBlock = true;
         ProgramState::instance().gHomeRequested = true;
@@ -269,18 +259,18 @@ private slots:
     void homingRefusedByController()
     {
         OpDataRig rig;
-        rig.answer("0CM6", "0CM6");
-        rig.answer("0MP00", "0%%0B3");
+        scriptHoming(rig, "0%%0B3");
 
         Homing(rig.ctx, rig.view).run();
 
+        const QString refused = QStringLiteral("Homing refused while an alarm is active.");
         QCOMPARE(rig.frames(), (QStringList{"0CM6", "0MP00"}));
         QVERIFY(!ProgramState::instance().gHomeRequested);
         QVERIFY(ProgramState::instance().gHomeFailed);
         QVERIFY(rig.alarms.alarm);
-        QCOMPARE(rig.alarms.status, QStringLiteral("Homing refused while an alarm is active."));
+        QCOMPARE(rig.alarms.status, refused);
         QCOMPARE(rig.prompter.shown.size(), 1);
-        QVERIFY(rig.prompter.lastText().contains(QStringLiteral("Homing refused while an alarm is active.")));
+        QVERIFY(rig.prompter.lastText().contains(refused));
         QCOMPARE(rig.view.calls, (QStringList{"cmdRESET 0", "cmdHOME 1"}));
         QCOMPARE(rig.lock.calls, HomeLocked);
     }
@@ -288,8 +278,7 @@ private slots:
     void homingStatusFailure()
     {
         OpDataRig rig;
-        rig.answer("0CM6", "0CM6");
-        rig.answer("0MP00", "0MP00");
+        scriptHoming(rig);
         rig.answer("0RA", "0RA9");
 
         Homing(rig.ctx, rig.view).run();
