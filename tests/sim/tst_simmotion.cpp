@@ -74,14 +74,9 @@ private slots:
         QVERIFY(client.waitForLine());
         QCOMPARE(client.received, QByteArray("0%%301\r\n"));
 
-        QCOMPARE(client.ask("0RA"), QByteArray("0RA3\r\n"));
-        QCOMPARE(client.ask("0RO"), QByteArray("0RO40\r\n"));
-        QCOMPARE(client.ask("0MP00"), QByteArray("0%%0B3\r\n"));
-        QCOMPARE(client.ask("0MP01"), QByteArray("0%%0B3\r\n"));
-        QCOMPARE(client.ask("0AR"), QByteArray("0AR\r\n"));
-        QCOMPARE(client.ask("0RA"), QByteArray("0RA1\r\n"));
-        QCOMPARE(client.ask("0RO"), QByteArray("0RO30\r\n"));
-        QCOMPARE(client.ask("0MP00"), QByteArray("0MP00\r\n"));
+        QCOMPARE(client.askAll({"0RA", "0RO", "0MP00", "0MP01", "0AR", "0RA", "0RO", "0MP00"}),
+                 (QList<QByteArray>{"0RA3\r\n", "0RO40\r\n", "0%%0B3\r\n", "0%%0B3\r\n", "0AR\r\n", "0RA1\r\n",
+                                    "0RO30\r\n", "0MP00\r\n"}));
     }
 
     void alarmStopsAMove()
@@ -102,14 +97,9 @@ private slots:
 
     void alarmPartWayThroughTheNextMove()
     {
-        SimController controller;
-        controller.setTimeScale(0.2);
-        SimFaults faults;
-        faults.alarmCode = "302";
-        faults.alarmOnMove = true;
-        controller.setFaults(faults);
-        ControllerClient client(controller);
-
+        SimLine line(faultsWith([](SimFaults& f) { f.alarmCode = "302"; f.alarmOnMove = true; }));
+        line.controller.setTimeScale(0.2);
+        ControllerClient& client = line.client;
         QCOMPARE(client.ask("0RA"), QByteArray("0RA1\r\n"));
         client.ask("0MP01");
         client.clear();
@@ -155,14 +145,8 @@ private slots:
     {
         QFETCH(bool, stb);
         QFETCH(bool, stop);
-
-        SimController controller;
-        SimFaults faults;
-        faults.stbInput = stb;
-        faults.stopInput = stop;
-        controller.setFaults(faults);
-        ControllerClient client(controller);
-        QTEST(client.ask("0RI"), "reply");
+        SimLine line(faultsWith([&](SimFaults& f) { f.stbInput = stb; f.stopInput = stop; }));
+        QTEST(line.client.ask("0RI"), "reply");
     }
 
     void stopInputEndsTheMove()
