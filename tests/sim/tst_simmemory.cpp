@@ -28,6 +28,18 @@ void writeFile(const QString& path, const QByteArray& bytes)
     f.write(bytes);
 }
 
+// A state file path in a fresh directory.
+struct StateFile {
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("sim.state"));
+
+    bool useIn(SimController& controller) const
+    {
+        QString error;
+        return controller.useStateFile(path, &error);
+    }
+};
+
 } // namespace
 
 class TestSimMemory : public QObject {
@@ -74,42 +86,31 @@ private slots:
 
     void stateFileCarriesTheStoredCopy()
     {
-        QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("sim.state"));
+        const StateFile state;
         {
-            SimController first;
-            QString error;
-            QVERIFY(first.useStateFile(path, &error));
-            ControllerClient client(first);
-            client.ask("0WD1" + OtherBlock);
-            client.ask("0WE");
-            client.ask("0WP01" + OtherRecord);
-            client.ask("0WA0101");
-            client.ask("0WD0" + OtherBlock); // never stored
+            SimLine first;
+            QVERIFY(state.useIn(first.controller));
+            // Block 0 is written last and never stored.
+            first.client.askAll({"0WD1" + OtherBlock, "0WE", "0WP01" + OtherRecord, "0WA0101", "0WD0" + OtherBlock});
         }
-        SimController second;
-        QString error;
-        QVERIFY(second.useStateFile(path, &error));
-        ControllerClient client(second);
-        QCOMPARE(client.ask("0RD1"), "0RD1" + OtherBlock + "\r\n");
-        QCOMPARE(client.ask("0RP01"), "0RP01" + OtherRecord + "\r\n");
-        QCOMPARE(client.ask("0RD0"), "0RD0" + Block0 + "\r\n");
-        QCOMPARE(client.ask("0RD7"), "0RD7" + Block7 + "\r\n");
+        SimLine second;
+        QVERIFY(state.useIn(second.controller));
+        QCOMPARE(second.client.askAll({"0RD1", "0RP01", "0RD0", "0RD7"}),
+                 (QList<QByteArray>{"0RD1" + OtherBlock + "\r\n", "0RP01" + OtherRecord + "\r\n",
+                                    "0RD0" + Block0 + "\r\n", "0RD7" + Block7 + "\r\n"}));
     }
 
     void missingStateFileIsCreatedByTheFirstStore()
     {
-        QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("new.state"));
+        const StateFile state;
         SimController controller;
-        QString error;
-        QVERIFY(controller.useStateFile(path, &error));
+        QVERIFY(state.useIn(controller));
         ControllerClient client(controller);
         QCOMPARE(client.ask("0RD1"), "0RD1" + Block1 + "\r\n");
         client.ask("0WD7" + OtherBlock);
-        QVERIFY(!QFile::exists(path));
+        QVERIFY(!QFile::exists(state.path));
         client.ask("0WF");
-        QVERIFY(readFile(path).contains("BLOCK7=" + OtherBlock + "\n"));
+        QVERIFY(readFile(state.path).contains("BLOCK7=" + OtherBlock + "\n"));
     }
 
     void stateFileWithUnknownLines_data()
@@ -129,13 +130,12 @@ private slots:
     {
         QFETCH(QByteArray, line);
 
-        QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("bad.state"));
-        writeFile(path, "# comment\nBLOCK1=" + OtherBlock + "\n" + line + "\n");
+        const StateFile state;
+        writeFile(state.path, "# comment\nBLOCK1=" + OtherBlock + "\n" + line + "\n");
         ProgramState::instance().gMsgBase = 10000;
         SimController controller;
         QString error;
-        QVERIFY(!controller.useStateFile(path, &error));
+        QVERIFY(!controller.useStateFile(state.path, &error));
         QCOMPARE(error, QStringLiteral("line 3 is not understood"));
         // Nothing of the file is taken.
         ControllerClient client(controller);
@@ -144,15 +144,13 @@ private slots:
 
     void failedSaveKeepsTheOldFile()
     {
-        QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("sim.state"));
+        const StateFile state;
         SimController controller;
-        QString error;
-        QVERIFY(controller.useStateFile(path, &error));
+        QVERIFY(state.useIn(controller));
         QSignalSpy failed(&controller.memory(), &ControllerMemory::saveFailed);
         ControllerClient client(controller);
         client.ask("0WE");
-        const QByteArray saved = readFile(path);
+        const QByteArray saved = readFile(state.path);
         QVERIFY(!saved.isEmpty());
 
         client.ask("0WD0" + OtherBlock);
@@ -161,8 +159,8 @@ private slots:
             QCOMPARE(client.ask("0WE"), QByteArray("0WE\r\n"));
         }
         QCOMPARE(failed.count(), 1);
-        QCOMPARE(failed.first().first().toString(), path);
-        QCOMPARE(readFile(path), saved);
+        QCOMPARE(failed.first().first().toString(), state.path);
+        QCOMPARE(readFile(state.path), saved);
     }
 };
 
