@@ -100,3 +100,19 @@ inline OpDataScreen exampleScreen()
     s.optCW = true;
     return s;
 }
+
+// Row 0's numbers at the given columns, so several compare at once.
+inline QList<qint64> numbers(const PosiTable& table, std::initializer_list<PosiTable::Column> columns)
+{
+    QList<qint64> out;
+    for (PosiTable::Column column : columns)
+        out << table.number(column);
+    return out;
+}
+
+// The screen's text fields: speed, acceleration, divisions, gear, then the
+// speed and acceleration choices.
+inline QStringList fieldTexts(const OpDataScreen& s)
+{
+    return {s.txtVEL, s.txtACC, s.txtDIVISION, s.txtGEAR, s.comboVEL, s.comboACC};
+}

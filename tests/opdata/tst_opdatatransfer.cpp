@@ -10,6 +10,23 @@ namespace {
 const char* ExampleReply = "0RP01" "2328" "1" "0" "00000" "1" "0C" "01";
 const QStringList Locked{"CMDBTN_Muko", "tabs off", "Menyu_Muko", "CMDBTN_Yuko", "tabs on", "Menyu_Yuko"};
 
+// The operation data tab on a scripted line, by default with the example
+// data on its screen.
+struct TransferRig : OpDataRig {
+    explicit TransferRig(bool exampleOnScreen = true)
+    {
+        if (exampleOnScreen)
+            view.shown = exampleScreen();
+    }
+    void answerRead(const char* reply = ExampleReply)
+    {
+        answer("0CM6", "0CM6");
+        answer("0RP01", reply);
+    }
+    void read() { ReadFromCt(ctx, state, view).run(); }
+    void write() { WriteToCt(ctx, state, view).run(); }
+};
+
 } // namespace
 
 class TestOpDataTransfer : public QObject {
@@ -18,12 +35,11 @@ class TestOpDataTransfer : public QObject {
 private slots:
     void readExample()
     {
-        OpDataRig rig;
-        rig.answer("0CM6", "0CM6");
-        rig.answer("0RP01", ExampleReply);
+        TransferRig rig(false);
+        rig.answerRead();
         rig.state.mEventsOff = true;
 
-        ReadFromCt(rig.ctx, rig.state, rig.view).run();
+        rig.read();
 
         QCOMPARE(rig.frames(), (QStringList{"0CM6", "0RP01"}));
         QCOMPARE(rig.prompter.shown.size(), 1);
@@ -31,19 +47,12 @@ private slots:
         QCOMPARE(rig.prompter.shown[0].buttons, Prompter::Buttons::YesNo);
         QCOMPARE(rig.prompter.shown[0].icon, Prompter::Icon::Question);
 
-        const OpDataScreen& s = rig.view.shown;
-        QCOMPARE(s.txtVEL, QStringLiteral("9000"));
-        QCOMPARE(s.txtACC, QStringLiteral("1"));
-        QVERIFY(!s.optCW);
-        QCOMPARE(s.txtDIVISION, QStringLiteral("12"));
-        QCOMPARE(s.txtGEAR, QStringLiteral("1"));
-        QCOMPARE(s.comboVEL, QStringLiteral("30"));
-        QCOMPARE(s.comboACC, QStringLiteral("1"));
+        QCOMPARE(fieldTexts(rig.view.shown), (QStringList{"9000", "1", "12", "1", "30", "1"}));
+        QVERIFY(!rig.view.shown.optCW);
         QVERIFY(rig.view.eventsOffWhileShown);
         QVERIFY(!rig.state.mEventsOff);
 
-        QCOMPARE(rig.state.PosiData.number(PosiTable::VEL), 9000);
-        QCOMPARE(rig.state.PosiData.number(PosiTable::DIR), 1);
+        QCOMPARE(numbers(rig.state.PosiData, {PosiTable::VEL, PosiTable::DIR}), (QList<qint64>{9000, 1}));
         QCOMPARE(rig.state.mDataTitle, QStringLiteral("Inside of C/T"));
         QVERIFY(!ProgramState::instance().gDataChanged);
         QVERIFY(!ProgramState::instance().gCommBusy);
@@ -57,11 +66,11 @@ private slots:
 
     void readDeclined()
     {
-        OpDataRig rig;
+        TransferRig rig(false);
         rig.prompter.script({Prompter::Answer::No});
         rig.view.shown.txtVEL = QStringLiteral("120");
 
-        ReadFromCt(rig.ctx, rig.state, rig.view).run();
+        rig.read();
 
         QVERIFY(rig.frames().isEmpty());
         QCOMPARE(rig.view.showCount, 0);
@@ -70,17 +79,15 @@ private slots:
 
     void readSavesEditsFirst()
     {
-        OpDataRig rig;
-        rig.answer("0CM6", "0CM6");
-        rig.answer("0RP01", ExampleReply);
+        TransferRig rig;
+        rig.answerRead();
         ProgramState::instance().gDataChanged = true;
-        rig.view.shown = exampleScreen();
         rig.view.shown.txtVEL = QStringLiteral("120");
         const QString path = rig.dir.filePath(QStringLiteral("edits.qmd"));
         rig.files.setNextFileName(path);
         rig.prompter.script({Prompter::Answer::Yes});
 
-        ReadFromCt(rig.ctx, rig.state, rig.view).run();
+        rig.read();
 
         QCOMPARE(rig.prompter.shown[0].text, QStringLiteral("Save the editing data before reading data?"));
         QCOMPARE(rig.prompter.shown[0].buttons, Prompter::Buttons::YesNoCancel);
@@ -95,12 +102,12 @@ private slots:
 
     void readCancelledAtSaveQuestion()
     {
-        OpDataRig rig;
+        TransferRig rig(false);
         ProgramState::instance().gDataChanged = true;
         rig.view.shown.txtGEAR = QStringLiteral("5");
         rig.prompter.script({Prompter::Answer::Cancel});
 
-        ReadFromCt(rig.ctx, rig.state, rig.view).run();
+        rig.read();
 
         QVERIFY(rig.frames().isEmpty());
         QVERIFY(rig.files.requests.isEmpty());
@@ -109,12 +116,11 @@ private slots:
 
     void readWithoutEditsInTheFieldsAsksNothing()
     {
-        OpDataRig rig;
-        rig.answer("0CM6", "0CM6");
-        rig.answer("0RP01", ExampleReply);
+        TransferRig rig(false);
+        rig.answerRead();
         ProgramState::instance().gDataChanged = true;
 
-        ReadFromCt(rig.ctx, rig.state, rig.view).run();
+        rig.read();
 
         QVERIFY(rig.prompter.shown.isEmpty());
         QCOMPARE(rig.frames(), (QStringList{"0CM6", "0RP01"}));
@@ -122,14 +128,12 @@ private slots:
 
     void readLengthErrorLeavesScreen()
     {
-        OpDataRig rig;
+        TransferRig rig;
+        rig.answerRead("0RP01");
         rig.answer("0CM6", "0CM6");
-        rig.answer("0RP01", "0RP01");
-        rig.answer("0CM6", "0CM6");
-        rig.view.shown = exampleScreen();
         rig.view.shown.comboVEL = QStringLiteral("7");
 
-        ReadFromCt(rig.ctx, rig.state, rig.view).run();
+        rig.read();
 
         QVERIFY(rig.link.gCommError);
         QCOMPARE(rig.view.showCount, 0);
@@ -143,13 +147,11 @@ private slots:
     // the values still on the screen, as they always were.
     void readErrorReplyStillDerivesChoices()
     {
-        OpDataRig rig;
-        rig.answer("0CM6", "0CM6");
-        rig.answer("0RP01", "0%%101");
-        rig.view.shown = exampleScreen();
+        TransferRig rig;
+        rig.answerRead("0%%101");
         rig.view.shown.comboVEL = QStringLiteral("7");
 
-        ReadFromCt(rig.ctx, rig.state, rig.view).run();
+        rig.read();
 
         QVERIFY(!rig.link.gCommError);
         QCOMPARE(rig.view.shown.comboVEL, QStringLiteral("30"));
@@ -160,14 +162,13 @@ private slots:
 
     void writeExample()
     {
-        OpDataRig rig;
+        TransferRig rig;
         rig.answer("0RA", "0RA1");
         rig.answer("0WP012328100000000C01", "0WP01");
         rig.answer("0WA0101", "0WA");
-        rig.view.shown = exampleScreen();
         ProgramState::instance().gDataChanged = true;
 
-        WriteToCt(rig.ctx, rig.state, rig.view).run();
+        rig.write();
 
         QCOMPARE(rig.frames(), (QStringList{"0RA", "0WP012328100000000C01", "0WA0101"}));
         QCOMPARE(rig.prompter.shown.size(), 1);
@@ -182,41 +183,36 @@ private slots:
         QVERIFY(!rig.port.isOpen());
     }
 
-    void writeRefusedWhileMoving()
+    // A status other than at rest stops the write before anything is sent.
+    void writeStoppedByStatus_data()
     {
-        OpDataRig rig;
-        rig.answer("0RA", "0RA0");
-        rig.view.shown = exampleScreen();
+        QTest::addColumn<QByteArray>("status");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("moving") << QByteArray("0RA0") << "The writing of data is not made during movement.";
+        QTest::newRow("status failed") << QByteArray("0RA7") << "Communication Error occured.";
+    }
+    void writeStoppedByStatus()
+    {
+        QFETCH(QByteArray, status);
+        TransferRig rig;
+        rig.answer("0RA", status.constData());
         ProgramState::instance().gDataChanged = true;
 
-        WriteToCt(rig.ctx, rig.state, rig.view).run();
+        rig.write();
 
         QCOMPARE(rig.frames(), QStringList{"0RA"});
-        QCOMPARE(rig.prompter.lastText(), QStringLiteral("The writing of data is not made during movement."));
+        QTEST(rig.prompter.lastText(), "text");
         QVERIFY2(!ProgramState::instance().gDataChanged, "cleared after every write command");
         QCOMPARE(rig.lock.calls, Locked);
     }
 
-    void writeStatusFailed()
-    {
-        OpDataRig rig;
-        rig.answer("0RA", "0RA7");
-        rig.view.shown = exampleScreen();
-
-        WriteToCt(rig.ctx, rig.state, rig.view).run();
-
-        QCOMPARE(rig.frames(), QStringList{"0RA"});
-        QCOMPARE(rig.prompter.lastText(), QStringLiteral("Communication Error occured."));
-    }
-
     void writeCancelled()
     {
-        OpDataRig rig;
-        rig.view.shown = exampleScreen();
+        TransferRig rig;
         rig.prompter.script({Prompter::Answer::Cancel});
         ProgramState::instance().gDataChanged = true;
 
-        WriteToCt(rig.ctx, rig.state, rig.view).run();
+        rig.write();
 
         QVERIFY(rig.frames().isEmpty());
         QVERIFY(!ProgramState::instance().gDataChanged);
@@ -224,12 +220,11 @@ private slots:
 
     void writeEchoDiffers()
     {
-        OpDataRig rig;
+        TransferRig rig;
         rig.answer("0RA", "0RA2");
         rig.answer("0WP012328100000000C01", "0WP11");
-        rig.view.shown = exampleScreen();
 
-        WriteToCt(rig.ctx, rig.state, rig.view).run();
+        rig.write();
 
         QCOMPARE(rig.frames(), (QStringList{"0RA", "0WP012328100000000C01"}));
         QCOMPARE(rig.prompter.lastText(), QStringLiteral("Communication error occurs!\r\n\r\ntransmit data is wrong"));
@@ -239,11 +234,10 @@ private slots:
 
     void writeRefusesEmptyField()
     {
-        OpDataRig rig;
-        rig.view.shown = exampleScreen();
+        TransferRig rig;
         rig.view.shown.txtACC.clear();
 
-        WriteToCt(rig.ctx, rig.state, rig.view).run();
+        rig.write();
 
         QVERIFY(rig.frames().isEmpty());
         QCOMPARE(rig.prompter.texts(), QStringList{"No data in the list.\r\n\r\nInput data and try it again."});
