@@ -24,27 +24,24 @@ qint64 cpuMs()
         + (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1000;
 }
 
-QByteArray askSerialPort(QSerialPort& port, const QByteArray& request)
-{
-    QByteArray reply;
-    QObject context;
-    QObject::connect(&port, &QSerialPort::readyRead, &context, [&] {
-        reply += port.readAll();
-        Waiter::wake();
-    });
-    port.write(request + "\r\n");
-    Waiter::waitUntil([&] { return reply.endsWith("\r\n"); }, 1000);
-    return reply;
-}
-
-bool waitForLine(SimSerialPort& port, QByteArray& line, int timeoutMs = 1000)
+// Gathers what the port receives until a line end (or the time limit).
+template <typename Port>
+bool waitForLine(Port& port, QByteArray& line, int timeoutMs = 1000)
 {
     QObject context;
-    QObject::connect(&port, &SerialPort::readyRead, &context, [&] {
+    QObject::connect(&port, &Port::readyRead, &context, [&] {
         line += port.readAll();
         Waiter::wake();
     });
     return Waiter::waitUntil([&] { return line.endsWith("\r\n"); }, timeoutMs) == Waiter::Result::Done;
+}
+
+QByteArray askSerialPort(QSerialPort& port, const QByteArray& request)
+{
+    QByteArray reply;
+    port.write(request + "\r\n");
+    waitForLine(port, reply);
+    return reply;
 }
 
 } // namespace
