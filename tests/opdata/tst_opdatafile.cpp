@@ -17,6 +17,8 @@
 
 namespace {
 
+using P = PosiTable;
+
 const QByteArray ExampleFile = "\"QM-B4\",\"Position\"\r\n"
                                "\"\",\"NEW\"\r\n"
                                "0,\"9000\",\"1\",\"\",\"\",\"0\",\"12\",\"1\",\"\"\r\n";
@@ -44,28 +46,22 @@ private slots:
     void roundTripKeepsValuesNotDirection()
     {
         OpDataState saved;
-        saved.PosiData[PosiTable::VEL] = qint16(112);
-        saved.PosiData[PosiTable::ACC] = qint16(3);
-        saved.PosiData[PosiTable::Spare1] = qint16(4);
-        saved.PosiData[PosiTable::Spare2] = qint32(5);
-        saved.PosiData[PosiTable::DIR] = qint16(1);
-        saved.PosiData[PosiTable::DIVISION] = qint16(100);
-        saved.PosiData[PosiTable::GEAR] = qint16(8);
+        const std::pair<P::Column, int> values[] = {{P::VEL, 112}, {P::ACC, 3}, {P::Spare1, 4},
+                                                    {P::DIR, 1}, {P::DIVISION, 100}, {P::GEAR, 8}};
+        for (const auto& [column, value] : values)
+            saved.PosiData[column] = qint16(value);
+        saved.PosiData[P::Spare2] = qint32(5);
         const QString path = m_dir.filePath(QStringLiteral("trip.qmd"));
         QVERIFY(OpDataFile::write(path, saved.PosiData, nullptr));
 
         PosiTable read;
-        read[PosiTable::DIR] = qint16(0);
-        read[PosiTable::Spare1] = qint16(9);
+        read[P::DIR] = qint16(0);
+        read[P::Spare1] = qint16(9);
         int label = 0;
         QCOMPARE(OpDataFile::ReadPosidataFile(path, read, label, m_prompter), 0);
-        QCOMPARE(read.number(PosiTable::VEL), 112);
-        QCOMPARE(read.number(PosiTable::ACC), 3);
-        QCOMPARE(read.number(PosiTable::DIVISION), 100);
-        QCOMPARE(read.number(PosiTable::GEAR), 8);
-        QCOMPARE(read.number(PosiTable::DIR), 0);
-        QCOMPARE(read.number(PosiTable::Spare1), 9);
-        QVERIFY(!read[PosiTable::Spare2].isValid());
+        QCOMPARE(numbers(read, {P::VEL, P::ACC, P::DIVISION, P::GEAR, P::DIR, P::Spare1}),
+                 (QList<qint64>{112, 3, 100, 8, 0, 9}));
+        QVERIFY(!read[P::Spare2].isValid());
         QCOMPARE(label, 148);
         QVERIFY(m_prompter.shown.isEmpty());
     }
@@ -80,10 +76,7 @@ private slots:
         int label = 0;
         QCOMPARE(OpDataFile::ReadPosidataFile(path, read, label, m_prompter), 0);
         QCOMPARE(label, 149);
-        QCOMPARE(read.number(PosiTable::VEL), 300);
-        QCOMPARE(read.number(PosiTable::ACC), 2);
-        QCOMPARE(read.number(PosiTable::DIVISION), 4);
-        QCOMPARE(read.number(PosiTable::GEAR), 10);
+        QCOMPARE(numbers(read, {P::VEL, P::ACC, P::DIVISION, P::GEAR}), (QList<qint64>{300, 2, 4, 10}));
         ProgramState::instance().gMsgBase = 0;
         QCOMPARE(Msg(label), QStringLiteral("(旧形式)"));
     }
@@ -148,17 +141,11 @@ private slots:
         QCOMPARE(files().requests[0].title, QStringLiteral("Open Position Data file"));
         QCOMPARE(files().requests[0].filter, QStringLiteral("Position Data(*.qmd)|*.qmd|All Files(*.*)|*.*"));
         QCOMPARE(files().requests[0].defaultExtension, QStringLiteral("qmd"));
-        QCOMPARE(view.shown.txtVEL, QStringLiteral("9000"));
-        QCOMPARE(view.shown.txtACC, QStringLiteral("1"));
-        QCOMPARE(view.shown.txtDIVISION, QStringLiteral("12"));
-        QCOMPARE(view.shown.txtGEAR, QStringLiteral("1"));
-        QCOMPARE(view.shown.comboVEL, QStringLiteral("30"));
-        QCOMPARE(view.shown.comboACC, QStringLiteral("1"));
+        QCOMPARE(fieldTexts(view.shown), (QStringList{"9000", "1", "12", "1", "30", "1"}));
         QVERIFY2(!view.shown.optCW, "the file's direction is not taken");
         QVERIFY(view.eventsOffWhileShown);
         QVERIFY(!state.mEventsOff);
-        QCOMPARE(state.PosiData.number(PosiTable::VEL), 9000);
-        QCOMPARE(state.PosiData.number(PosiTable::DIR), 1);
+        QCOMPARE(numbers(state.PosiData, {P::VEL, P::DIR}), (QList<qint64>{9000, 1}));
         QCOMPARE(state.mDataTitle, m_dir.filePath(QStringLiteral("KTRdata")));
         QCOMPARE(state.generationLabel, 148);
         QVERIFY(!ProgramState::instance().gDataChanged);
