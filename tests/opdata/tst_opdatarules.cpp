@@ -20,6 +20,7 @@ Q_DECLARE_METATYPE(KeyAction)
 Q_DECLARE_METATYPE(Background)
 
 namespace {
+using P = PosiTable;
 const OptText Unchanged = std::nullopt;
 OptText text(const char* s) { return QString::fromLatin1(s); }
 }
@@ -289,19 +290,15 @@ private slots:
     {
         ScriptedPrompter prompter;
         PosiTable table;
-        table[PosiTable::Spare2] = 77;
+        table[P::Spare2] = 77;
         OpDataScreen screen = exampleScreen();
         screen.optCW = false;
         screen.txtGEAR = QStringLiteral(" 4 ");
 
         QCOMPARE(OpDataTorikomi::PosiDataCheckAndTorikomi(screen, table, prompter), 0);
-        QCOMPARE(table.number(PosiTable::VEL), 9000);
-        QCOMPARE(table.number(PosiTable::ACC), 1);
-        QCOMPARE(table.number(PosiTable::DIVISION), 12);
-        QCOMPARE(table.number(PosiTable::GEAR), 4);
-        QCOMPARE(table.number(PosiTable::DIR), 1);
-        QCOMPARE(table.number(PosiTable::Spare2), 77);
-        QVERIFY(!table[PosiTable::Spare1].isValid());
+        QCOMPARE(numbers(table, {P::VEL, P::ACC, P::DIVISION, P::GEAR, P::DIR, P::Spare2}),
+                 (QList<qint64>{9000, 1, 12, 4, 1, 77}));
+        QVERIFY(!table[P::Spare1].isValid());
         QVERIFY(prompter.shown.isEmpty());
     }
 
@@ -315,12 +312,12 @@ private slots:
         QCOMPARE(OpDataTorikomi::PosiDataCheckAndTorikomi(screen, table, prompter), 1);
         QCOMPARE(prompter.texts(), QStringList{QStringLiteral(
             "An error occured while getting Value of Position Data.\r\n\r\nOperation is canceled.")});
-        QVERIFY(!table[PosiTable::VEL].isValid());
+        QVERIFY(!table[P::VEL].isValid());
 
         screen.txtGEAR = QStringLiteral("1");
         screen.txtVEL = QStringLiteral("40000");
         QCOMPARE(OpDataTorikomi::PosiDataTorikomi(screen, table, prompter), 1);
-        QVERIFY(!table[PosiTable::VEL].isValid());
+        QVERIFY(!table[P::VEL].isValid());
     }
 
     void checkRefusesEmptyField_data()
@@ -344,7 +341,7 @@ private slots:
         QCOMPARE(prompter.shown.size(), 1);
         QCOMPARE(prompter.shown[0].text, QStringLiteral("No data in the list.\r\n\r\nInput data and try it again."));
         QCOMPARE(prompter.shown[0].icon, Prompter::Icon::Exclamation);
-        QVERIFY(!table[PosiTable::VEL].isValid());
+        QVERIFY(!table[P::VEL].isValid());
     }
 
     void writeText()
@@ -355,40 +352,29 @@ private slots:
         QCOMPARE(OpDataRecord::WriteText(table), QStringLiteral("012328100000000C01"));
 
         // The spares go out as they are.
-        table[PosiTable::VEL] = 120;
-        table[PosiTable::ACC] = 3;
-        table[PosiTable::Spare1] = 10;
-        table[PosiTable::Spare2] = 0xABCDE;
-        table[PosiTable::DIR] = 1;
-        table[PosiTable::DIVISION] = 100;
-        table[PosiTable::GEAR] = 100;
+        const std::pair<P::Column, int> values[] = {{P::VEL, 120}, {P::ACC, 3}, {P::Spare1, 10}, {P::Spare2, 0xABCDE},
+                                                    {P::DIR, 1}, {P::DIVISION, 100}, {P::GEAR, 100}};
+        for (const auto& [column, value] : values)
+            table[column] = value;
         QCOMPARE(OpDataRecord::WriteText(table), QStringLiteral("010078" "3" "A" "ABCDE" "1" "64" "64"));
     }
 
     void parseReadReply()
     {
         PosiTable read;
-        read[PosiTable::Spare3] = QStringLiteral("kept");
+        read[P::Spare3] = QStringLiteral("kept");
         QVERIFY(OpDataRecord::parseReply(QStringLiteral("0RP01" "2328" "1" "0" "00000" "1" "0C" "01" "\r\n"), read));
-        QCOMPARE(read.number(PosiTable::VEL), 9000);
-        QCOMPARE(read.number(PosiTable::ACC), 1);
-        QCOMPARE(read.number(PosiTable::Spare1), 0);
-        QCOMPARE(read.number(PosiTable::Spare2), 0);
-        QCOMPARE(read.number(PosiTable::DIR), 1);
-        QCOMPARE(read.number(PosiTable::DIVISION), 12);
-        QCOMPARE(read.number(PosiTable::GEAR), 1);
-        QCOMPARE(read[PosiTable::Spare3].toString(), QStringLiteral("kept"));
+        QCOMPARE(numbers(read, {P::VEL, P::ACC, P::Spare1, P::Spare2, P::DIR, P::DIVISION, P::GEAR}),
+                 (QList<qint64>{9000, 1, 0, 0, 1, 12, 1}));
+        QCOMPARE(read[P::Spare3].toString(), QStringLiteral("kept"));
 
         // Four digits are a 16-bit value; Spare2's five digits a 32-bit one.
         QVERIFY(OpDataRecord::parseReply(QStringLiteral("0RP01" "FFFF" "3" "F" "FFFFF" "0" "64" "64" "\r\n"), read));
-        QCOMPARE(read.number(PosiTable::VEL), -1);
-        QCOMPARE(read.number(PosiTable::Spare1), 15);
-        QCOMPARE(read.number(PosiTable::Spare2), 0xFFFFF);
-        QCOMPARE(read.number(PosiTable::GEAR), 100);
+        QCOMPARE(numbers(read, {P::VEL, P::Spare1, P::Spare2, P::GEAR}), (QList<qint64>{-1, 15, 0xFFFFF, 100}));
 
         // A digit that is not hex refuses the whole reply.
         QVERIFY(!OpDataRecord::parseReply(QStringLiteral("0RP01" "2328" "1" "0" "00000" "1" "0C" "0G" "\r\n"), read));
-        QCOMPARE(read.number(PosiTable::VEL), -1);
+        QCOMPARE(read.number(P::VEL), -1);
     }
 };
 
