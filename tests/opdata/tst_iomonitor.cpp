@@ -10,13 +10,27 @@ struct MonitorRig : OpDataRig {
     FakeIoView view;
     IoMonitor monitor{ctx, view};
 
-    explicit MonitorRig(const char* inputs = "000", const char* outputs = "00")
+    explicit MonitorRig(const char* inputs = "000", const char* outputs = "00", const char* modeReply = "0CM7")
     {
-        answer("0CM7", "0CM7");
+        answer("0CM7", modeReply);
         answer("0RI", QByteArray("0RI").append(inputs).constData());
         answer("0RO", QByteArray("0RO").append(outputs).constData());
     }
     ~MonitorRig() { monitor.timerInputOutput1.stop(); }
+
+    // Starts polling and clicks an output lamp once the first poll is in; the
+    // write is answered with `writeReply`, the next poll with `outputs`.
+    bool startAndClick(IoLamp lamp, const char* write, const char* writeReply, const char* outputs)
+    {
+        answer(write, writeReply);
+        answer("0RI", "0RI000");
+        answer("0RO", QByteArray("0RO").append(outputs).constData());
+        monitor.start();
+        if (!QTest::qWaitFor([this] { return port.frames.size() == 3; }))
+            return false;
+        monitor.outputClicked(lamp);
+        return true;
+    }
 };
 
 class TestIoMonitor : public QObject {
@@ -73,13 +87,7 @@ private slots:
     void outputClickWrittenOnNextTick()
     {
         MonitorRig rig;
-        rig.answer("0WO02", "0WO02");
-        rig.answer("0RI", "0RI000");
-        rig.answer("0RO", "0RO02");
-
-        rig.monitor.start();
-        QTRY_COMPARE(rig.port.frames.size(), 3);
-        rig.monitor.outputClicked(IoLamp::OutputOut1);
+        QVERIFY(rig.startAndClick(IoLamp::OutputOut1, "0WO02", "0WO02", "02"));
         QVERIFY(rig.monitor.mIoWritePending);
 
         QTRY_COMPARE(rig.port.frames.size(), 6);
@@ -92,13 +100,7 @@ private slots:
     void failedOutputWriteIsReported()
     {
         MonitorRig rig;
-        rig.answer("0WO01", "0%%104");
-        rig.answer("0RI", "0RI000");
-        rig.answer("0RO", "0RO00");
-
-        rig.monitor.start();
-        QTRY_COMPARE(rig.port.frames.size(), 3);
-        rig.monitor.outputClicked(IoLamp::OutputOut2);
+        QVERIFY(rig.startAndClick(IoLamp::OutputOut2, "0WO01", "0%%104", "00"));
         QTRY_COMPARE(rig.port.frames.size(), 6);
 
         QCOMPARE(rig.prompter.lastText(), QStringLiteral("Communication error occurs!\r\n\r\ntransmit data is wrong"));
@@ -129,18 +131,15 @@ private slots:
 
     void failedModeSwitchStops()
     {
-        OpDataRig rig;
-        FakeIoView view;
-        IoMonitor monitor(rig.ctx, view);
-        rig.answer("0CM7", "0%%101");
+        MonitorRig rig("000", "00", "0%%101");
 
-        monitor.start();
-        QTRY_VERIFY(!monitor.mIoRunning);
+        rig.monitor.start();
+        QTRY_VERIFY(!rig.monitor.mIoRunning);
         QCOMPARE(rig.frames(), QStringList{"0CM7"});
-        QCOMPARE(view.caption, QStringLiteral("Start Monitor"));
-        QVERIFY(view.othersEnabled);
-        QVERIFY(!monitor.timerInputOutput1.isActive());
-        QVERIFY(!monitor.mIoStopRequest);
+        QCOMPARE(rig.view.caption, QStringLiteral("Start Monitor"));
+        QVERIFY(rig.view.othersEnabled);
+        QVERIFY(!rig.monitor.timerInputOutput1.isActive());
+        QVERIFY(!rig.monitor.mIoStopRequest);
         QTest::qWait(3 * IoMonitor::PollIntervalMs);
         QCOMPARE(rig.port.frames.size(), 1);
     }
