@@ -223,37 +223,37 @@ private slots:
         QCOMPARE(rig.lock.calls.last(), QStringLiteral("Menyu_Yuko"));
     }
 
+    // Homing that the controller accepts; the status polls decide the end.
+    void homing_data()
+    {
+        QTest::addColumn<QList<QByteArray>>("statuses");
+        QTest::addColumn<bool>("blocked");
+        QTest::addColumn<bool>("requested");
+        QTest::newRow("reaches home") << QList<QByteArray>{"0RA0", "0RA1"} << false << true;
+        QTest::newRow("request blocked") << QList<QByteArray>{"0RA1"} << true << false;
+        QTest::newRow("status failure") << QList<QByteArray>{"0RA9"} << false << false;
+    }
     void homing()
     {
+        QFETCH(QList<QByteArray>, statuses);
+        QFETCH(bool, blocked);
         OpDataRig rig;
         scriptHoming(rig);
-        rig.answer("0RA", "0RA0");
-        rig.answer("0RA", "0RA1");
+        for (const QByteArray& status : statuses)
+            rig.answer("0RA", status.constData());
         ProgramState::instance().gHomeFailed = true;
+        ProgramState::instance().gHomeRequestBlock = blocked;
+        ProgramState::instance().gHomeRequested = blocked;
 
         Homing(rig.ctx, rig.view).run();
 
-        QCOMPARE(rig.frames(), (QStringList{"0CM6", "0MP00", "0RA", "0RA"}));
-        QVERIFY(ProgramState::instance().gHomeRequested);
+        QCOMPARE(rig.frames(), QStringList({"0CM6", "0MP00"}) + QStringList(statuses.size(), "0RA"));
+        QTEST(ProgramState::instance().gHomeRequested, "requested");
         QVERIFY(!ProgramState::instance().gHomeFailed);
         QVERIFY(!ProgramState::instance().gCommBusy);
         QCOMPARE(rig.lock.calls, HomeLocked);
         QCOMPARE(rig.view.calls, QStringList{"cmdRESET 0"});
         QVERIFY(!rig.port.isOpen());
-    }
-
-    void homingBlocked()
-    {
-        OpDataRig rig;
-        scriptHoming(rig);
-        rig.answer("0RA", "0RA1");
-        ProgramState::instance().gHomeRequestBlock = true;
-        ProgramState::instance().gHomeRequested = true;
-
-        Homing(rig.ctx, rig.view).run();
-
-        QCOMPARE(rig.frames(), (QStringList{"0CM6", "0MP00", "0RA"}));
-        QVERIFY(!ProgramState::instance().gHomeRequested);
     }
 
     void homingRefusedByController()
@@ -275,18 +275,6 @@ private slots:
         QCOMPARE(rig.lock.calls, HomeLocked);
     }
 
-    void homingStatusFailure()
-    {
-        OpDataRig rig;
-        scriptHoming(rig);
-        rig.answer("0RA", "0RA9");
-
-        Homing(rig.ctx, rig.view).run();
-
-        QCOMPARE(rig.frames(), (QStringList{"0CM6", "0MP00", "0RA"}));
-        QVERIFY(!ProgramState::instance().gHomeRequested);
-        QVERIFY(!ProgramState::instance().gHomeFailed);
-    }
 };
 
 QTEST_GUILESS_MAIN(TestMoveTest)
