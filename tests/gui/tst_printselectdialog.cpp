@@ -59,16 +59,14 @@ private slots:
         QFETCH(int, msgBase);
         ProgramState::instance().gMsgBase = msgBase;
         PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get());
-        QCOMPARE(dialog.windowTitle(), Msg(1801));
-        QCOMPARE(dialog.findChild<QLabel*>("lblSelect")->text(), Msg(1802));
-        QCOMPARE(dialog.findChild<QGroupBox*>("framPosi")->title(), Msg(1803));
-        QCOMPARE(dialog.optPrintPosi_0->text(), Msg(1804));
-        QCOMPARE(dialog.optPrintPosi_1->text(), Msg(1805));
-        QCOMPARE(dialog.lblPrintPosiName->text(), Msg(1822));
-        QCOMPARE(dialog.cmdSelectPosiFile->text(), Msg(1807));
-        QCOMPARE(dialog.lblPrintParaName->text(), Msg(1821));
-        QCOMPARE(dialog.cmdPrintSet->text(), Msg(4750));
-        QCOMPARE(dialog.cmdPrintCancel->text(), Msg(4751));
+        const QList<QPair<QString, int>> captions = {{dialog.windowTitle(), 1801},
+            {dialog.findChild<QLabel*>("lblSelect")->text(), 1802},
+            {dialog.findChild<QGroupBox*>("framPosi")->title(), 1803}, {dialog.optPrintPosi_0->text(), 1804},
+            {dialog.optPrintPosi_1->text(), 1805}, {dialog.lblPrintPosiName->text(), 1822},
+            {dialog.cmdSelectPosiFile->text(), 1807}, {dialog.lblPrintParaName->text(), 1821},
+            {dialog.cmdPrintSet->text(), 4750}, {dialog.cmdPrintCancel->text(), 4751}};
+        for (const auto& [shown, id] : captions)
+            QCOMPARE(shown, Msg(id));
         QVERIFY(!dialog.cmdPrintSet->text().isEmpty() && !dialog.cmdPrintCancel->text().isEmpty());
         // 500 twips right of and below the opener's corner.
         QCOMPARE(dialog.pos(), QPoint(233, 183));
