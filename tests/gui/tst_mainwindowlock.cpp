@@ -32,13 +32,10 @@ class FlatForm : public QWidget {
 public:
     FlatForm()
     {
-        QStringList names;
-        for (const QStringList* list : {&MainWindowLock::commandButtons(), &MainWindowLock::menusToEnable(),
-                                        &MainWindowLock::homeButtons(), &MainWindowLock::moveButtons(),
-                                        &MainWindowLock::paraButtons()})
-            for (const QString& n : *list)
-                if (!names.contains(n))
-                    names << n;
+        QStringList names = MainWindowLock::commandButtons() + MainWindowLock::menusToEnable()
+                            + MainWindowLock::homeButtons() + MainWindowLock::moveButtons()
+                            + MainWindowLock::paraButtons();
+        names.removeDuplicates();
         for (const QString& n : names)
             add(n);
         auto* tabs = new QTabWidget(this);
@@ -93,6 +90,13 @@ private:
     }
 };
 
+QStringList moveOrder()
+{
+    return {"optSTEP", "optCNT", "cmdMOVE", "chkTimerUse", "txtTimer", "cmdHOME", "cmdFileOpen",
+            "cmdSaveFile", "cmdLoadtoCt", "cmdGetfromCt", "cmdDataPrint", "cmdFilePrint", "Frame2",
+            "cmdIoMonitor", "Frame4", "cmdRESET"};
+}
+
 } // namespace
 
 // The enabling routines act on their controls by name and in their order;
@@ -128,10 +132,7 @@ private slots:
             "mnuShowCtversion", "mnuModeChange", "mnuView", "mnuCont"};
         QTest::newRow("HOMEBTN_Muko") << "HOMEBTN_Muko" << true << home;
         QTest::newRow("HOMEBTN_Yuko") << "HOMEBTN_Yuko" << false << home;
-        QTest::newRow("MoveCMDBTN_Muko") << "MoveCMDBTN_Muko" << true << QStringList{"optSTEP",
-            "optCNT", "cmdMOVE", "chkTimerUse", "txtTimer", "cmdHOME", "cmdFileOpen", "cmdSaveFile",
-            "cmdLoadtoCt", "cmdGetfromCt", "cmdDataPrint", "cmdFilePrint", "Frame2", "cmdIoMonitor",
-            "Frame4", "cmdRESET"};
+        QTest::newRow("MoveCMDBTN_Muko") << "MoveCMDBTN_Muko" << true << moveOrder();
         QTest::newRow("ParaCMDBTN_Muko") << "ParaCMDBTN_Muko" << true << para;
         QTest::newRow("ParaCMDBTN_Yuko") << "ParaCMDBTN_Yuko" << false << para;
     }
@@ -184,9 +185,7 @@ private slots:
 
         QFETCH(bool, dwellBox);
         QFETCH(bool, dwellTime);
-        QStringList expected = {"optSTEP", "optCNT", "cmdMOVE", "chkTimerUse", "txtTimer", "cmdHOME",
-            "cmdFileOpen", "cmdSaveFile", "cmdLoadtoCt", "cmdGetfromCt", "cmdDataPrint", "cmdFilePrint",
-            "Frame2", "cmdIoMonitor", "Frame4", "cmdRESET"};
+        QStringList expected = moveOrder();
         if (!dwellBox)
             expected.removeOne("chkTimerUse");
         if (!dwellTime)
@@ -222,16 +221,14 @@ private slots:
     {
         MainWindow w;
         w.Form_Load();
+        const QList<QWidget*> moveTest = {w.opData->cmdSTOP, w.opData->optCNT, w.opData->cmdRESET,
+                                          w.opData->comboVEL, w.opData->imgOutputOut1};
         w.lock().CMDBTN_Muko();
-        for (QWidget* c : std::initializer_list<QWidget*>{w.opData->cmdSTOP, w.opData->optCNT,
-                                                          w.opData->cmdRESET, w.opData->comboVEL,
-                                                          w.opData->imgOutputOut1})
+        for (QWidget* c : moveTest)
             QVERIFY2(!c->isEnabled(), qPrintable(c->objectName()));
         QVERIFY(w.para->cmdParaRead->isEnabled());
         w.lock().CMDBTN_Yuko();
-        for (QWidget* c : std::initializer_list<QWidget*>{w.opData->cmdSTOP, w.opData->optCNT,
-                                                          w.opData->cmdRESET, w.opData->comboVEL,
-                                                          w.opData->imgOutputOut1})
+        for (QWidget* c : moveTest)
             QVERIFY2(c->isEnabled(), qPrintable(c->objectName()));
     }
 
