@@ -62,24 +62,21 @@ private slots:
         QTest::addColumn<int>("boxIcon");
 
         using P = Prompter;
-        QTest::newRow("OK") << int(P::Buttons::Ok) << int(P::Icon::Information)
-                            << int(QMessageBox::Ok) << int(P::Answer::Ok) << int(QMessageBox::Information);
-        QTest::newRow("OK by Escape") << int(P::Buttons::Ok) << int(P::Icon::None)
-                                      << 0 << int(P::Answer::Ok) << int(QMessageBox::NoIcon);
-        QTest::newRow("Cancel") << int(P::Buttons::OkCancel) << int(P::Icon::Question)
-                                << int(QMessageBox::Cancel) << int(P::Answer::Cancel) << int(QMessageBox::Question);
-        QTest::newRow("OK/Cancel by Escape") << int(P::Buttons::OkCancel) << int(P::Icon::Question)
-                                             << 0 << int(P::Answer::Cancel) << int(QMessageBox::Question);
-        QTest::newRow("Yes") << int(P::Buttons::YesNo) << int(P::Icon::Exclamation)
-                             << int(QMessageBox::Yes) << int(P::Answer::Yes) << int(QMessageBox::Warning);
-        QTest::newRow("No") << int(P::Buttons::YesNo) << int(P::Icon::Exclamation)
-                            << int(QMessageBox::No) << int(P::Answer::No) << int(QMessageBox::Warning);
-        QTest::newRow("Yes/No by Escape") << int(P::Buttons::YesNo) << int(P::Icon::Question)
-                                          << 0 << int(P::Answer::No) << int(QMessageBox::Question);
-        QTest::newRow("Yes/No/Cancel: No") << int(P::Buttons::YesNoCancel) << int(P::Icon::Critical)
-                                           << int(QMessageBox::No) << int(P::Answer::No) << int(QMessageBox::Critical);
-        QTest::newRow("Yes/No/Cancel by Escape") << int(P::Buttons::YesNoCancel) << int(P::Icon::Question)
-                                                 << 0 << int(P::Answer::Cancel) << int(QMessageBox::Question);
+        using B = QMessageBox;
+        const auto row = [](const char* name, P::Buttons buttons, P::Icon icon, int press, P::Answer answer,
+                            B::Icon boxIcon) {
+            QTest::newRow(name) << int(buttons) << int(icon) << press << int(answer) << int(boxIcon);
+        };
+        row("OK", P::Buttons::Ok, P::Icon::Information, B::Ok, P::Answer::Ok, B::Information);
+        row("OK by Escape", P::Buttons::Ok, P::Icon::None, 0, P::Answer::Ok, B::NoIcon);
+        row("Cancel", P::Buttons::OkCancel, P::Icon::Question, B::Cancel, P::Answer::Cancel, B::Question);
+        row("OK/Cancel by Escape", P::Buttons::OkCancel, P::Icon::Question, 0, P::Answer::Cancel, B::Question);
+        row("Yes", P::Buttons::YesNo, P::Icon::Exclamation, B::Yes, P::Answer::Yes, B::Warning);
+        row("No", P::Buttons::YesNo, P::Icon::Exclamation, B::No, P::Answer::No, B::Warning);
+        row("Yes/No by Escape", P::Buttons::YesNo, P::Icon::Question, 0, P::Answer::No, B::Question);
+        row("Yes/No/Cancel: No", P::Buttons::YesNoCancel, P::Icon::Critical, B::No, P::Answer::No, B::Critical);
+        row("Yes/No/Cancel by Escape", P::Buttons::YesNoCancel, P::Icon::Question, 0, P::Answer::Cancel,
+            B::Question);
     }
     void messageBox()
     {
