@@ -20,6 +20,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <optional>
+
 namespace {
 
 void setLanguage(qint16 language)
@@ -49,19 +51,10 @@ class TestMainWindow : public QObject {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        ProgramState::reset();
-        m_settings = new TempSettings;
-    }
+    void init() { ProgramState::reset(); m_settings.emplace(); }
+    void cleanup() { m_settings.reset(); }
 
-    void cleanup()
-    {
-        delete m_settings;
-        m_settings = nullptr;
-    }
-
-    void loadFillsTheChoiceLists_data()
+    void loadFillsListsAndCaptions_data()
     {
         QTest::addColumn<int>("language");
         QTest::addColumn<QStringList>("autoDrive");
@@ -70,6 +63,7 @@ private slots:
         QTest::addColumn<QStringList>("autoHome");
         QTest::addColumn<QStringList>("paraTabs");
         QTest::addColumn<QStringList>("mainTabs");
+        QTest::addColumn<QStringList>("captions");
 
         QTest::newRow("English") << 2
             << QStringList{"0. Drive-ON", "1. Drive-OFF"}
@@ -77,16 +71,21 @@ private slots:
             << QStringList{"0. OUT-OFF", "1. OUT-ON", "2. OUT2-ON", "3. OUT1,2-ON"}
             << QStringList{"0. Disable", "1. Enable"}
             << QStringList{"FILE", "CONTROLLER"}
-            << QStringList{"MOVE・EDIT", "Parameters"};
+            << QStringList{"MOVE・EDIT", "Parameters"}
+            << QStringList{"&File", "Save &As...", "Show &Version...", "&Options...", "MOVE", "ALARM RESET",
+                           "Start Monitor", "Verify with C/T", "HOME Parameter", "Logic A(1)", "Alarm"};
         QTest::newRow("Japanese") << 1
             << QStringList{"0. ドライブON", "1. ドライブOFF"}
             << QStringList{"0. エンコーダなし", "1. エンコーダあり"}
             << QStringList{"0. 出力OFF", "1. 出力ON", "2. OUT2出力ON", "3. OUT1,2出力ON"}
             << QStringList{"0. 無効", "1. 有効"}
             << QStringList{"ファイル", "コントローラ"}
-            << QStringList{"運転・編集", "パラメータ"};
+            << QStringList{"運転・編集", "パラメータ"}
+            << QStringList{"ファイル(&F)", "名前を付けて保存(&A)...", "バージョン表示(&V)...", "オプション(&O)...",
+                           "MOVE", "アラームリセット", "モニタ開始", "C/Tと照合", "原点復帰パラメータ", "A接点(1)",
+                           "アラーム"};
     }
-    void loadFillsTheChoiceLists()
+    void loadFillsListsAndCaptions()
     {
         QFETCH(int, language);
         setLanguage(qint16(language));
@@ -113,26 +112,6 @@ private slots:
         // The size list starts empty and takes the first size of the shipped device list.
         QCOMPARE(w.para->comboActSize->currentText(), QStringLiteral("28"));
         QCOMPARE(w.windowTitle(), QStringLiteral("KTR-W5"));
-    }
-
-    void loadAppliesCaptions_data()
-    {
-        QTest::addColumn<int>("language");
-        QTest::addColumn<QStringList>("captions");
-
-        QTest::newRow("English") << 2 << QStringList{"&File", "Save &As...", "Show &Version...",
-            "&Options...", "MOVE", "ALARM RESET", "Start Monitor", "Verify with C/T", "HOME Parameter",
-            "Logic A(1)", "Alarm"};
-        QTest::newRow("Japanese") << 1 << QStringList{"ファイル(&F)", "名前を付けて保存(&A)...",
-            "バージョン表示(&V)...", "オプション(&O)...", "MOVE", "アラームリセット", "モニタ開始",
-            "C/Tと照合", "原点復帰パラメータ", "A接点(1)", "アラーム"};
-    }
-    void loadAppliesCaptions()
-    {
-        QFETCH(int, language);
-        setLanguage(qint16(language));
-        MainWindow w;
-        w.Form_Load();
         const QStringList shown = {
             w.mnuFile->title(), w.mnuFileSaveAs->text(), w.mnuShowCtversion->text(),
             w.mnuOption->text(), w.opData->cmdMOVE->text(), w.opData->cmdRESET->text(),
@@ -407,7 +386,7 @@ private slots:
     }
 
 private:
-    TempSettings* m_settings = nullptr;
+    std::optional<TempSettings> m_settings;
 };
 
 QTEST_MAIN(TestMainWindow)
