@@ -27,6 +27,7 @@
 #include <QtTest>
 
 #include <functional>
+#include <optional>
 
 namespace {
 
@@ -85,13 +86,12 @@ private slots:
     {
         ProgramState::reset();
         setLanguage(2);
-        m_settings = new TempSettings;
+        m_settings.emplace();
     }
 
     void cleanup()
     {
-        delete m_settings;
-        m_settings = nullptr;
+        m_settings.reset();
         Waiter::clearAbort();
         ProgramState::reset();
     }
@@ -355,7 +355,7 @@ private slots:
     }
 
 private:
-    TempSettings* m_settings = nullptr;
+    std::optional<TempSettings> m_settings;
 };
 
 QTEST_MAIN(TestWiring)
