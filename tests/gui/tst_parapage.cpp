@@ -29,10 +29,11 @@ namespace {
 using Answer = Prompter::Answer;
 using PageRig = SimWindowRig<ParaPage, ParaPageController>;
 
-QList<QWidget*> specialControls(ParaPage& p)
+void expectSpecialEnabled(ParaPage& p, bool enabled)
 {
-    return {p.txtPgCheckTimer, p.txtLsSerchTimer, p.comboAutoHome, p.optEmgLogic_0,
-            p.optEmgLogic_1, p.optAlarmAutoClear_0, p.optAlarmAutoClear_1};
+    for (QWidget* w : QList<QWidget*>{p.txtPgCheckTimer, p.txtLsSerchTimer, p.comboAutoHome, p.optEmgLogic_0,
+                                      p.optEmgLogic_1, p.optAlarmAutoClear_0, p.optAlarmAutoClear_1})
+        QVERIFY2(w->isEnabled() == enabled, qPrintable(w->objectName()));
 }
 
 } // namespace
@@ -110,15 +111,11 @@ private slots:
         QTest::mouseClick(rig.page().cmdParaRead, Qt::LeftButton);
         QCOMPARE(rig.prompter.texts(), QStringList());
         ParaPage& p = rig.page();
-        QCOMPARE(p.txtHomeOffset->text(), QStringLiteral("30"));
-        QCOMPARE(p.txtHomeVel->text(), QStringLiteral("10"));
-        QCOMPARE(p.txtAxisPulse->text(), QStringLiteral("400"));
-        QCOMPARE(p.txtPgAlarm->text(), QStringLiteral("1000"));
-        QCOMPARE(p.txtInpLimit->text(), QStringLiteral("10"));
-        QCOMPARE(p.txtLsSerchTimer->text(), QStringLiteral("10"));
-        QCOMPARE(p.comboAxisAutoDrv->currentText(), QStringLiteral("0. Drive-ON"));
-        QCOMPARE(p.comboPgFunc->currentText(), QStringLiteral("0. No-Encorder"));
-        QCOMPARE(p.comboHomeOut->currentText(), QStringLiteral("0. OUT-OFF"));
+        const QStringList shown = {p.txtHomeOffset->text(), p.txtHomeVel->text(), p.txtAxisPulse->text(),
+            p.txtPgAlarm->text(), p.txtInpLimit->text(), p.txtLsSerchTimer->text(),
+            p.comboAxisAutoDrv->currentText(), p.comboPgFunc->currentText(), p.comboHomeOut->currentText()};
+        QCOMPARE(shown, (QStringList{"30", "10", "400", "1000", "10", "10", "0. Drive-ON", "0. No-Encorder",
+                                     "0. OUT-OFF"}));
         QVERIFY(p.optEmgLogic_0->isChecked());
         QVERIFY(p.optAlarmAutoClear_0->isChecked());
         QTEST(p.comboActSize->currentText(), "shownSize");
@@ -153,19 +150,16 @@ private slots:
                                                    "Do you change value of SP Parameter."});
         QCOMPARE(rig.prompter.shown.first().buttons, Prompter::Buttons::YesNo);
         QVERIFY(!p.chkTokuParaChange->isChecked());
-        for (QWidget* w : specialControls(p))
-            QVERIFY2(!w->isEnabled(), qPrintable(w->objectName()));
+        expectSpecialEnabled(p, false);
 
         rig.prompter.script({Answer::Yes});
         QTest::mouseClick(p.chkTokuParaChange, Qt::LeftButton);
         QVERIFY(p.chkTokuParaChange->isChecked());
-        for (QWidget* w : specialControls(p))
-            QVERIFY2(w->isEnabled(), qPrintable(w->objectName()));
+        expectSpecialEnabled(p, true);
 
         QTest::mouseClick(p.chkTokuParaChange, Qt::LeftButton);
         QCOMPARE(rig.prompter.shown.size(), 2);
-        for (QWidget* w : specialControls(p))
-            QVERIFY2(!w->isEnabled(), qPrintable(w->objectName()));
+        expectSpecialEnabled(p, false);
     }
 
     void deviceDialogLeadsToStandardParameters_data()
