@@ -152,13 +152,10 @@ private slots:
         QCOMPARE(rig.prompter.texts(), QStringList{Msg(370)});
         QCOMPARE(rig.frames, (QStringList{"0CM6", "0RP01"}));
         OpDataPage& p = rig.page();
-        QCOMPARE(p.txtVEL->text(), QStringLiteral("9000"));
-        QCOMPARE(p.txtACC->text(), QStringLiteral("1"));
-        QCOMPARE(p.txtDIVISION->text(), QStringLiteral("12"));
-        QCOMPARE(p.txtGEAR->text(), QStringLiteral("1"));
+        const QStringList shown = {p.txtVEL->text(), p.txtACC->text(), p.txtDIVISION->text(), p.txtGEAR->text(),
+                                   p.comboVEL->currentText(), p.comboACC->currentText()};
+        QCOMPARE(shown, (QStringList{"9000", "1", "12", "1", "30", "1"}));
         QVERIFY(p.optCCW->isChecked());
-        QCOMPARE(p.comboVEL->currentText(), QStringLiteral("30"));
-        QCOMPARE(p.comboACC->currentText(), QStringLiteral("1"));
         QVERIFY(!ProgramState::instance().gDataChanged);
         QVERIFY(p.cmdGetfromCt->isEnabled() && p.comboVEL->isEnabled());
     }
