@@ -62,6 +62,9 @@ private slots:
         QCOMPARE(read.exitCode, 0);
         QCOMPARE(sentFrames(read.err), (QStringList{"0CM6", "0RP01"}));
         QTEST(linesOf(read.out), "readBack");
+        // No window shows the transfer, so nothing pauses for the eye.
+        const QList<TraceFrame> frames = traceFrames(read.err);
+        QVERIFY2(frames[2].ms - frames[1].ms < 80, qPrintable(read.err));
     }
 
     void readIntoAFile()
