@@ -7,6 +7,7 @@
 #include "cli/GlobalOptions.h"
 #include "cli/Interrupt.h"
 #include "cli/LinkCommands.h"
+#include "cli/ListFiles.h"
 #include "cli/OpDataCommands.h"
 #include "cli/ParamsCommands.h"
 #include "common/MessageTable.h"
@@ -130,8 +131,10 @@ int main(int argc, char* argv[])
 
     if (options.trace)
         new FrameTrace(session.link(), clock, session.err(), &session);
-    if (command->usesLink)
-        session.loadErrorList();
+    if (command->usesLink) {
+        if (const int missing = requireErrorList(session))
+            return missing;
+    }
     const int status = command->run(session, args);
     if (Waiter::aborted()) {
         session.report(Msg(Interrupted));

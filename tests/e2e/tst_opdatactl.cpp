@@ -78,6 +78,12 @@ private slots:
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll(),
                  QByteArray("\"QM-B4\",\"Position\"\r\n\"\",\"NEW\"\r\n0,\"300\",\"1\",\"0\",\"0\",\"0\",\"12\",\"1\",\"\"\r\n"));
+
+        // A file that cannot be written does not lose the read.
+        const QString nowhere = dir.filePath(QStringLiteral("missing/KTRdata.qmd"));
+        const CtlRun lost = KtrctlProcess::run({"--simulator", "opdata", "read", "-o", nowhere});
+        QVERIFY2(lost.exitCode == 1 && lost.err.contains(nowhere), qPrintable(lost.err));
+        QCOMPARE(linesOf(lost.out), (QStringList{"VEL=300", "ACC=1", "DIR=CW", "DIVISION=12", "GEAR=1", "SPEED=1"}));
     }
 
     void homeWaitsForTheEnd()
