@@ -27,6 +27,7 @@ constexpr int FileOrValues = 4522;
 constexpr int Missing = 4523;
 constexpr int PdfNotWritten = 4525;
 constexpr int ValuesOnStdout = 5302;
+constexpr int IoWatchDetail = 5303;
 
 const QString OutputOption = QStringLiteral("-o");
 const QString DirOption = QStringLiteral("--dir");
@@ -177,5 +178,5 @@ void addOpDataCommands(CommandRegistry& registry)
     registry.add({QStringLiteral("opdata print"), 4513, false, printCommand});
     registry.add({QStringLiteral("home"), 4514, true, home});
     registry.add({QStringLiteral("move"), 4515, true, move});
-    registry.add({QStringLiteral("io"), 4516, true, io});
+    registry.add({QStringLiteral("io"), 4516, true, io, IoWatchDetail});
 }

@@ -33,6 +33,8 @@ constexpr int UnknownCommand = 4817;
 constexpr int VersionLine = 4820;
 constexpr int Interrupted = 4822;
 
+const QString HelpOption = QStringLiteral("--help");
+
 // Every group of commands adds itself here.
 void registerCommands(CommandRegistry& registry)
 {
@@ -68,6 +70,16 @@ void printHelp(QTextStream& out, const CommandRegistry& registry)
     out << '\n' << Msg(CommandsHeading) << '\n';
     for (const CliCommand& command : registry.commands())
         out << Msg(command.usageMessage) << '\n';
+    out << '\n' << Msg(ExitStatusLine) << '\n';
+}
+
+// ktrctl COMMAND --help: the usage line, the command's own lines, the exit
+// statuses.
+void printCommandHelp(QTextStream& out, const CliCommand& command)
+{
+    out << Msg(HelpFirst) << "\n\n" << Msg(command.usageMessage) << '\n';
+    if (command.detailMessage != 0)
+        out << Msg(command.detailMessage) << '\n';
     out << '\n' << Msg(ExitStatusLine) << '\n';
 }
 
@@ -128,6 +140,10 @@ int main(int argc, char* argv[])
         return session.usageError(Msg(NoCommand));
     if (!command)
         return session.usageError(Msg(UnknownCommand).arg(options.command.first()));
+    if (args.contains(HelpOption)) {
+        printCommandHelp(session.out(), *command);
+        return ExitDone;
+    }
 
     if (options.trace)
         new FrameTrace(session.link(), clock, session.err(), &session);
