@@ -143,6 +143,31 @@ private slots:
         QCOMPARE(current->text(), QString());
     }
 
+    // Tab and Shift+Tab move on from every entry field; Delete (which the
+    // window system delivers with the character DEL) and Backspace edit.
+    void movingAndDeletingKeysPass()
+    {
+        TabRig rig;
+        OpDataPage& p = rig.page();
+        clickOption(p.optCNT);
+        clickOption(p.chkTimerUse);
+        rig.window->para->comboActSize->setCurrentText(QStringLiteral("SP"));
+        for (QLineEdit* edit : {p.txtDIVISION, p.txtGEAR, p.txtTimer, p.txtDenryu}) {
+            edit->setText(QStringLiteral("10"));
+            edit->setFocus();
+            edit->setCursorPosition(1);
+            QTest::sendKeyEvent(QTest::Click, edit, Qt::Key_Delete, QStringLiteral("\x7f"), {});
+            QCOMPARE(edit->text(), QStringLiteral("1"));
+            QTest::keyClick(edit, Qt::Key_Backspace);
+            QCOMPARE(edit->text(), QString());
+            QTest::keyClick(edit, Qt::Key_Tab);
+            QVERIFY2(!edit->hasFocus(), qPrintable(edit->objectName()));
+            edit->setFocus();
+            QTest::keyClick(edit, Qt::Key_Backtab, Qt::ShiftModifier);
+            QVERIFY2(!edit->hasFocus(), qPrintable(edit->objectName()));
+        }
+    }
+
     void readFillsTheTabAndTheSpeedChoice()
     {
         TabRig rig;

@@ -7,6 +7,7 @@
 
 #include "device/widgets/DeviceDialog.h"
 #include "opdata/widgets/OpDataPage.h"
+#include "params/ParaKeyFilter.h"
 #include "params/widgets/ParaPage.h"
 #include "params/widgets/ParaPageController.h"
 #include "print/PdfPrinter.h"
@@ -86,6 +87,33 @@ private slots:
         QCOMPARE(edit->text(), QStringLiteral("7"));
         QVERIFY(!edit->hasFocus());
         QVERIFY(edit->isEnabled());
+    }
+
+    // Tab and Shift+Tab move on from every box; Delete (which the window
+    // system delivers with the character DEL) and Backspace edit.
+    void movingAndDeletingKeysPass()
+    {
+        PageRig rig;
+        rig.prompter.script({Answer::Yes});
+        QTest::mouseClick(rig.page().chkTokuParaChange, Qt::LeftButton);
+        int boxes = 0;
+        for (QLineEdit* edit : rig.page().findChildren<QLineEdit*>()) {
+            if (!ParaBoxFromName(edit->objectName()))
+                continue;
+            ++boxes;
+            edit->setText(QStringLiteral("123"));
+            edit->setFocus();
+            edit->setCursorPosition(1);
+            QTest::sendKeyEvent(QTest::Click, edit, Qt::Key_Delete, QStringLiteral("\x7f"), {});
+            QTest::keyClick(edit, Qt::Key_Backspace);
+            QCOMPARE(edit->text(), QStringLiteral("3"));
+            QTest::keyClick(edit, Qt::Key_Tab);
+            QVERIFY2(!edit->hasFocus(), qPrintable(edit->objectName()));
+            edit->setFocus();
+            QTest::keyClick(edit, Qt::Key_Backtab, Qt::ShiftModifier);
+            QVERIFY2(!edit->hasFocus(), qPrintable(edit->objectName()));
+        }
+        QCOMPARE(boxes, 8);
     }
 
     void readFillsThePage_data()

@@ -75,15 +75,20 @@ KeyAction OpDataEntryFields::keyAction(QLineEdit* box, QChar key) const
     return CurrentEntry::keyPress(text, key);
 }
 
-// The filters see the keys that type a character, Enter and Backspace;
-// moving keys, Tab and the editing shortcuts (copy, paste) pass, and a
-// pasted text meets the change rules.
+// The filters see the keys that type a character, Enter and Backspace.
+// Keys whose text is a control character (Tab, Shift+Tab, Delete, Escape),
+// moving keys and the editing shortcuts (copy, paste) pass, so they move
+// the focus or edit as in every other box; a pasted text meets the change
+// rules.
 bool OpDataEntryFields::keyPress(QLineEdit* box, QKeyEvent* event)
 {
     const QString typed = event->text();
-    if (typed.isEmpty() || typed == u"\t" || (event->modifiers() & Qt::ControlModifier))
+    if (typed.isEmpty() || (event->modifiers() & Qt::ControlModifier))
         return false;
-    const KeyAction action = keyAction(box, typed.front());
+    const QChar key = typed.front();
+    if (!key.isPrint() && key != BackspaceKey && key != EnterKey)
+        return false;
+    const KeyAction action = keyAction(box, key);
     switch (action) {
     case KeyAction::Accept:
         return false;
