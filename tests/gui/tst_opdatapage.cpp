@@ -16,6 +16,7 @@
 #include "shell/widgets/Lamp.h"
 #include "sim/ControllerMemory.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
@@ -258,6 +259,9 @@ private slots:
 
         OpDataPage& p = rig.page();
         p.comboVEL->setCurrentIndex(p.comboVEL->findText(QStringLiteral("30")));
+        // The "1" shown since the load is taken once the user chooses it.
+        p.comboACC->showPopup();
+        QTest::keyClick(p.comboACC->view(), Qt::Key_Return);
         typeInto(p.txtGEAR, QStringLiteral("1"));
         typeInto(p.txtDIVISION, QStringLiteral("8"));
         clickOption(p.optCCW);

@@ -31,10 +31,11 @@ OpDataEntryFields::OpDataEntryFields(OpDataPage& page, OpDataState& state, QObje
     connect(page.txtDenryu, &QLineEdit::textEdited, this, &OpDataEntryFields::txtDenryu_Change);
     connect(page.txtDenryu, &QLineEdit::textChanged, this,
             [this](const QString& text) { m_state.mHasDecimalPoint = text.contains(u'.'); });
-    // A choice set by the program runs the click rules too; mEventsOff
-    // keeps them quiet while the program loads values.
-    connect(page.comboVEL, &QComboBox::currentIndexChanged, this, &OpDataEntryFields::comboVEL_Click);
-    connect(page.comboACC, &QComboBox::currentIndexChanged, this, &OpDataEntryFields::comboACC_Click);
+    // The click rules follow the user's choice, also of the item already
+    // shown (so "1" can be taken at start). The window filling and setting
+    // the lists when it loads is no choice: the values stay empty until one.
+    connect(page.comboVEL, &QComboBox::activated, this, &OpDataEntryFields::comboVEL_Click);
+    connect(page.comboACC, &QComboBox::activated, this, &OpDataEntryFields::comboACC_Click);
 
     for (QLineEdit* box : {page.txtDIVISION, page.txtGEAR})
         connect(box, &QLineEdit::textEdited, this, &OpDataEntryFields::markEdited);
