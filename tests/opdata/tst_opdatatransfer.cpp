@@ -100,17 +100,34 @@ private slots:
         QVERIFY(ProgramState::instance().gCommBusy == false);
     }
 
-    void readCancelledAtSaveQuestion()
+    // Cancel, or a Yes whose save is cancelled or fails: the edits stay, nothing is read.
+    void readStopsWhenEditsAreNotSaved_data()
     {
-        TransferRig rig(false);
+        QTest::addColumn<Prompter::Answer>("answer");
+        QTest::addColumn<QString>("file");   // empty: the save dialog is cancelled
+        QTest::addColumn<int>("messages");
+        QTest::addColumn<int>("last");
+        QTest::newRow("Cancel") << Prompter::Answer::Cancel << "" << 1 << 369;
+        QTest::newRow("Yes, save cancelled") << Prompter::Answer::Yes << "" << 2 << 5000;
+        QTest::newRow("Yes, save fails") << Prompter::Answer::Yes << "no/such/folder/a.qmd" << 3 << 5000;
+    }
+    void readStopsWhenEditsAreNotSaved()
+    {
+        QFETCH(Prompter::Answer, answer);
+        QFETCH(QString, file);
+        TransferRig rig;
+        rig.answerRead();
         ProgramState::instance().gDataChanged = true;
-        rig.view.shown.txtGEAR = QStringLiteral("5");
-        rig.prompter.script({Prompter::Answer::Cancel});
+        rig.files.setNextFileName(file.isEmpty() ? file : rig.dir.filePath(file));
+        rig.prompter.script({answer});
 
         rig.read();
 
+        QTEST(int(rig.prompter.shown.size()), "messages");
+        QFETCH(int, last);
+        QCOMPARE(rig.prompter.lastText(), Msg(last));
         QVERIFY(rig.frames().isEmpty());
-        QVERIFY(rig.files.requests.isEmpty());
+        QCOMPARE(rig.view.showCount, 0);
         QVERIFY(ProgramState::instance().gDataChanged);
     }
 

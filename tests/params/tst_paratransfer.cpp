@@ -150,8 +150,8 @@ private slots:
         const QString empty = QStringLiteral("No data in some of parameters.\r\n Please fill the data in and try it again.");
         QTest::newRow("edited, empty box, Cancel") << true << true << Prompter::Answer::Cancel << QStringList{question} << 0;
         QTest::newRow("edited, empty box, No") << true << true << Prompter::Answer::No << QStringList{question} << 4;
-        QTest::newRow("edited, empty box, Yes: the save refuses")
-            << true << true << Prompter::Answer::Yes << QStringList{question, empty} << 4;
+        QTest::newRow("edited, empty box, Yes: the save refuses, nothing is read")
+            << true << true << Prompter::Answer::Yes << QStringList{question, empty, "The edited data was not saved, so nothing was read. The edited data is kept as it is."} << 0;
         QTest::newRow("edited, boxes filled") << true << false << Prompter::Answer::Cancel << QStringList{} << 4;
         QTest::newRow("not edited") << false << true << Prompter::Answer::Cancel << QStringList{} << 4;
     }
