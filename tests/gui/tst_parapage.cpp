@@ -7,7 +7,6 @@
 
 #include "device/widgets/DeviceDialog.h"
 #include "opdata/widgets/OpDataPage.h"
-#include "params/ParaKeyFilter.h"
 #include "params/widgets/ParaPage.h"
 #include "params/widgets/ParaPageController.h"
 #include "print/PdfPrinter.h"
@@ -52,10 +51,7 @@ private slots:
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("left");
         QTest::newRow("third key past the maximum") << "txtHomeVel" << "" << false << "007" << "00" << "";
-        QTest::newRow("zeros of an alarm count") << "txtPgAlarm" << "" << false << "0000" << "0000" << "0";
         QTest::newRow("letters and points dropped") << "txtHomeOffset" << "" << false << "1a2.3" << "123" << "123";
-        QTest::newRow("pulse keeps zero") << "txtAxisPulse" << "" << false << "000" << "000" << "0";
-        QTest::newRow("leading zeros") << "txtInpLimit" << "" << false << "0012" << "001" << "1";
         QTest::newRow("full box, caret at the end") << "txtHomeOfsVel" << "12" << false << "3" << "12" << "12";
         QTest::newRow("full box, all selected") << "txtHomeOfsVel" << "12" << true << "3" << "3" << "3";
     }
@@ -87,33 +83,6 @@ private slots:
         QCOMPARE(edit->text(), QStringLiteral("7"));
         QVERIFY(!edit->hasFocus());
         QVERIFY(edit->isEnabled());
-    }
-
-    // Tab and Shift+Tab move on from every box; Delete (which the window
-    // system delivers with the character DEL) and Backspace edit.
-    void movingAndDeletingKeysPass()
-    {
-        PageRig rig;
-        rig.prompter.script({Answer::Yes});
-        QTest::mouseClick(rig.page().chkTokuParaChange, Qt::LeftButton);
-        int boxes = 0;
-        for (QLineEdit* edit : rig.page().findChildren<QLineEdit*>()) {
-            if (!ParaBoxFromName(edit->objectName()))
-                continue;
-            ++boxes;
-            edit->setText(QStringLiteral("123"));
-            edit->setFocus();
-            edit->setCursorPosition(1);
-            QTest::sendKeyEvent(QTest::Click, edit, Qt::Key_Delete, QStringLiteral("\x7f"), {});
-            QTest::keyClick(edit, Qt::Key_Backspace);
-            QCOMPARE(edit->text(), QStringLiteral("3"));
-            QTest::keyClick(edit, Qt::Key_Tab);
-            QVERIFY2(!edit->hasFocus(), qPrintable(edit->objectName()));
-            edit->setFocus();
-            QTest::keyClick(edit, Qt::Key_Backtab, Qt::ShiftModifier);
-            QVERIFY2(!edit->hasFocus(), qPrintable(edit->objectName()));
-        }
-        QCOMPARE(boxes, 8);
     }
 
     void readFillsThePage_data()
@@ -150,22 +119,6 @@ private slots:
         QTEST(rig.window->opData->txtDenryu->text(), "current");
         QVERIFY(p.cmdParaRead->isEnabled());
         QVERIFY(rig.window->mnuFileOpen->isEnabled());
-    }
-
-    // Edits mark the page: a read then offers to save the edited values
-    // when a box is left empty; Cancel reads nothing.
-    void editedPageAsksBeforeReading()
-    {
-        PageRig rig;
-        rig.page().txtHomeOffset->setFocus();
-        QTest::keyClick(rig.page().txtHomeOffset, Qt::Key_Backspace);
-        QTest::keyClicks(rig.page().txtHomeOffset, QStringLiteral("5"));
-        rig.page().txtHomeVel->clear();
-        rig.prompter.script({Answer::Cancel});
-        QTest::mouseClick(rig.page().cmdParaRead, Qt::LeftButton);
-        QCOMPARE(rig.prompter.texts(), QStringList{"Save the editing data before reading data?"});
-        QCOMPARE(rig.page().txtHomeOffset->text(), QStringLiteral("5"));
-        QVERIFY(rig.controller().data().paraEdited);
     }
 
     void specialParametersUnlock()

@@ -217,7 +217,6 @@ private slots:
         QTest::newRow("COM12") << "COM12" << 12;
         QTest::newRow("blanks around") << " COM3 " << 3;
         QTest::newRow("device beside it") << "COM1  (/dev/ttyUSB0)" << 1;
-        QTest::newRow("empty list") << "" << 0;
         QTest::newRow("above 32") << "COM33" << 0;
         QTest::newRow("zero") << "COM0" << 0;
     }

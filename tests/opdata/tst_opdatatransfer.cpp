@@ -77,44 +77,26 @@ private slots:
         QCOMPARE(rig.lock.calls, Locked);
     }
 
-    void readSavesEditsFirst()
-    {
-        TransferRig rig;
-        rig.answerRead();
-        ProgramState::instance().gDataChanged = true;
-        rig.view.shown.txtVEL = QStringLiteral("120");
-        const QString path = rig.dir.filePath(QStringLiteral("edits.qmd"));
-        rig.files.setNextFileName(path);
-        rig.prompter.script({Prompter::Answer::Yes});
-
-        rig.read();
-
-        QCOMPARE(rig.prompter.shown[0].text, QStringLiteral("Save the editing data before reading data?"));
-        QCOMPARE(rig.prompter.shown[0].buttons, Prompter::Buttons::YesNoCancel);
-        QFile saved(path);
-        QVERIFY(saved.open(QIODevice::ReadOnly));
-        QVERIFY(saved.readAll().contains("0,\"120\","));
-        QCOMPARE(rig.frames(), (QStringList{"0CM6", "0RP01"}));
-        QCOMPARE(rig.view.shown.txtVEL, QStringLiteral("9000"));
-        QCOMPARE(rig.state.mDataTitle, QStringLiteral("Inside of C/T"));
-        QVERIFY(ProgramState::instance().gCommBusy == false);
-    }
-
-    // Cancel, or a Yes whose save is cancelled or fails: the edits stay, nothing is read.
-    void readStopsWhenEditsAreNotSaved_data()
+    // Edits are offered a save first. Only a saved file lets the read go on;
+    // Cancel, or a Yes whose save is cancelled or fails, keeps the edits.
+    void saveQuestionBeforeReading_data()
     {
         QTest::addColumn<Prompter::Answer>("answer");
         QTest::addColumn<QString>("file");   // empty: the save dialog is cancelled
         QTest::addColumn<int>("messages");
         QTest::addColumn<int>("last");
-        QTest::newRow("Cancel") << Prompter::Answer::Cancel << "" << 1 << 369;
-        QTest::newRow("Yes, save cancelled") << Prompter::Answer::Yes << "" << 2 << 5000;
-        QTest::newRow("Yes, save fails") << Prompter::Answer::Yes << "no/such/folder/a.qmd" << 3 << 5000;
+        QTest::addColumn<bool>("read");
+        QTest::newRow("Yes, saved") << Prompter::Answer::Yes << "edits.qmd" << 1 << 369 << true;
+        QTest::newRow("Cancel") << Prompter::Answer::Cancel << "" << 1 << 369 << false;
+        QTest::newRow("Yes, save cancelled") << Prompter::Answer::Yes << "" << 2 << 5000 << false;
+        QTest::newRow("Yes, save fails") << Prompter::Answer::Yes << "no/such/folder/a.qmd" << 3 << 5000 << false;
     }
-    void readStopsWhenEditsAreNotSaved()
+    void saveQuestionBeforeReading()
     {
         QFETCH(Prompter::Answer, answer);
         QFETCH(QString, file);
+        QFETCH(int, last);
+        QFETCH(bool, read);
         TransferRig rig;
         rig.answerRead();
         ProgramState::instance().gDataChanged = true;
@@ -124,11 +106,13 @@ private slots:
         rig.read();
 
         QTEST(int(rig.prompter.shown.size()), "messages");
-        QFETCH(int, last);
+        QCOMPARE(rig.prompter.shown[0].text, Msg(369));
+        QCOMPARE(rig.prompter.shown[0].buttons, Prompter::Buttons::YesNoCancel);
         QCOMPARE(rig.prompter.lastText(), Msg(last));
-        QVERIFY(rig.frames().isEmpty());
-        QCOMPARE(rig.view.showCount, 0);
-        QVERIFY(ProgramState::instance().gDataChanged);
+        QCOMPARE(rig.frames(), (read ? QStringList{"0CM6", "0RP01"} : QStringList{}));
+        QCOMPARE(QFileInfo(rig.dir.filePath(file)).isFile(), read);
+        QCOMPARE(ProgramState::instance().gDataChanged, !read);
+        QVERIFY(!ProgramState::instance().gCommBusy);
     }
 
     void readWithoutEditsInTheFieldsAsksNothing()

@@ -99,17 +99,6 @@ private slots:
         QVERIFY(!ProgramState::instance().gCommBusy);
     }
 
-    void spCurrentIsReadBack()
-    {
-        ParaRig rig;
-        rig.answerReads(spDigits());
-        rig.answerBlock7(QStringLiteral("012C"));
-        ParaReadCommand(rig.context, rig.data, rig.devices).GetParametaValue(rig.screen);
-        QCOMPARE(rig.screen.comboActSize, QStringLiteral("SP"));
-        QCOMPARE(rig.screen.txtDenryu, QStringLiteral("2.16"));
-        QVERIFY(rig.prompter.shown.isEmpty());
-    }
-
     // 1.5 A overflows the 16-bit display arithmetic: the user is told, the
     // parameters stay shown and the box keeps its text.
     void spCurrentTooLargeToShow()
