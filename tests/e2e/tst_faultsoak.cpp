@@ -57,7 +57,7 @@ enum class Fault { None, Late, TooLate, Silence, ExtraChar, WrongEcho, SplitCrLf
 
 const QString TimedOut = QStringLiteral("Communication timeout error!\r\n\r\nCheck the followings;\r\n"
                                         " 1.Power ON for controller?\r\n 2.Communication cables are connected?");
-const QString Refused = QStringLiteral("Communication error occurs!\r\nError No.11\r\n[101: Unknown command.]");
+const QString Refused = QStringLiteral("Communication error occurs!\r\nError No.101\r\n[101: Unknown command.]");
 const QString LengthError = QStringLiteral("Communication data length error occurs!\r\nLength of data is wrong.");
 
 struct FaultKind {

@@ -126,12 +126,15 @@ private slots:
         QVERIFY(!rig.link.gCommError);
     }
 
-    void timeOutInJapanese()
+    void timeOutAndErrorReplyInJapanese()
     {
         LinkRig rig;
         ProgramState::instance().gMsgBase = 0;
         QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
         QVERIFY(rig.prompter.lastText().startsWith(QStringLiteral("通信タイムアウトエラー！\r\n\r\n")));
+        rig.port.answer("0RD9", "0%%101\r\n");
+        QCOMPARE(rig.link.SendRecvCommand("0RD", 38, "9"), 1);
+        QCOMPARE(rig.prompter.lastText(), QStringLiteral("エラーが発生しました！\r\nエラー番号：101\r\n[Unknown command.]"));
     }
 
     void errorReplyInTheList()
@@ -142,10 +145,9 @@ private slots:
         QCOMPARE(rig.link.SendRecvCommand("0RD", 38, "9"), 1);
 
         QCOMPARE(rig.prompter.lastText(),
-                 QStringLiteral("Communication error occurs!\r\nError No.11\r\n[Unknown command.]"));
+                 QStringLiteral("Communication error occurs!\r\nError No.101\r\n[Unknown command.]"));
         QVERIFY(rig.link.gErrorReply);
         QVERIFY(rig.link.gErrorFound);
-        QCOMPARE(rig.link.gErrorNo, QStringLiteral("11"));
         QCOMPARE(rig.link.gLastErrorReply, QStringLiteral("0%%101\r\n"));
         QVERIFY(rig.alarms.alarm);
         QCOMPARE(rig.alarms.status, QStringLiteral("Unknown command."));
@@ -248,7 +250,7 @@ private slots:
 
         QCOMPARE(rig.port.frames, (Frames{"0RA", "0CM6"}));
         QCOMPARE(rig.prompter.lastText(),
-                 QStringLiteral("Communication error occurs!\r\nError No.11\r\n[Unknown command.]"));
+                 QStringLiteral("Communication error occurs!\r\nError No.101\r\n[Unknown command.]"));
         QVERIFY(rig.link.gErrorReply);
         QVERIFY(!rig.link.gCommError);
         QVERIFY(rig.link.isPortOpen());

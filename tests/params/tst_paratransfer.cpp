@@ -99,17 +99,6 @@ private slots:
         QVERIFY(!ProgramState::instance().gCommBusy);
     }
 
-    void spCurrentIsReadBack()
-    {
-        ParaRig rig;
-        rig.answerReads(spDigits());
-        rig.answerBlock7(QStringLiteral("012C"));
-        ParaReadCommand(rig.context, rig.data, rig.devices).GetParametaValue(rig.screen);
-        QCOMPARE(rig.screen.comboActSize, QStringLiteral("SP"));
-        QCOMPARE(rig.screen.txtDenryu, QStringLiteral("2.16"));
-        QVERIFY(rig.prompter.shown.isEmpty());
-    }
-
     // 1.5 A overflows the 16-bit display arithmetic: the user is told, the
     // parameters stay shown and the box keeps its text.
     void spCurrentTooLargeToShow()
@@ -150,8 +139,8 @@ private slots:
         const QString empty = QStringLiteral("No data in some of parameters.\r\n Please fill the data in and try it again.");
         QTest::newRow("edited, empty box, Cancel") << true << true << Prompter::Answer::Cancel << QStringList{question} << 0;
         QTest::newRow("edited, empty box, No") << true << true << Prompter::Answer::No << QStringList{question} << 4;
-        QTest::newRow("edited, empty box, Yes: the save refuses")
-            << true << true << Prompter::Answer::Yes << QStringList{question, empty} << 4;
+        QTest::newRow("edited, empty box, Yes: the save refuses, nothing is read")
+            << true << true << Prompter::Answer::Yes << QStringList{question, empty, "The edited data was not saved, so nothing was read. The edited data is kept as it is."} << 0;
         QTest::newRow("edited, boxes filled") << true << false << Prompter::Answer::Cancel << QStringList{} << 4;
         QTest::newRow("not edited") << false << true << Prompter::Answer::Cancel << QStringList{} << 4;
     }
