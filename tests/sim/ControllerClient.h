@@ -2,22 +2,37 @@
 
 #include "common/Waiter.h"
 #include "sim/SimController.h"
+#include "sim/SimOptions.h"
 
-#include <QByteArray>
 #include <QElapsedTimer>
-#include <QList>
-#include <QObject>
 
-#include <functional>
+// What a fresh virtual controller holds, written out from the memory map by
+// hand (not taken from the code under test), and a pattern to write over it.
+namespace FactoryMemory {
+// OFFSET 30, HOME byte 30, VEL 10, OFSVEL 10, speed 10, PG FUNCTION 0,
+// ALM 1000, AUTO HOME 0, PG TIMER 10, LS TIMER 10, flag 0, EMG 0, ALM1 CLEAR 0.
+inline const QByteArray Block0 = "001E1E0A0A0A0003E8000A0A00000000";
+// Type 2, AXIS byte 2, PULSE 400, 65535, 20, AUTODRIVE 0, motor "1C" "L" 100, size code 00.
+inline const QByteArray Block1 = "0202019000FFFF14001C4C0064000000";
+// HOME OUT 0, 1, 20, 2, 1000, 2000, IN-P WID 10, 5.
+inline const QByteArray Block2 = "000114020003E80007D00A0500000000";
+// The operating current 1.5 A (2812 = 0AFC) at data digits 13 to 16.
+inline const QByteArray Block7 = "0000000000000AFC0000000000000000";
+// VEL 300, ACC 1, spares 0, DIR CW, DIVISION 12, GEAR 1.
+inline const QByteArray Record1 = "012C100000000C01";
+inline const QByteArray OtherBlock = "0123456789ABCDEF0123456789ABCDEF";
+inline const QByteArray OtherRecord = "2328100000000C01";
+} // namespace FactoryMemory
 
-// Talks to a virtual controller the way a client on the line does: writes
-// a request and gathers what comes back, with the time each piece arrived.
-class ControllerClient : public QObject {
+// A fresh controller, with the faults of ktr-sim's options if given, and a
+// client on its line that writes requests and gathers what comes back, with
+// the time each piece arrived.
+class SimLine : public QObject {
 public:
-    explicit ControllerClient(SimController& controller)
-        : m_controller(controller)
+    explicit SimLine(const QStringList& faultOptions = {})
     {
-        m_clock.start();
+        QString error;
+        controller.setFaults(SimOptions::parse(faultOptions, &error).value().faults);
         connect(&controller, &SimController::output, this, [this](const QByteArray& bytes) {
             received += bytes;
             pieces.append(bytes);
@@ -26,16 +41,13 @@ public:
         });
     }
 
-    // Sends request + CR LF and returns what arrived up to the first line end
-    // (or within the time limit).
+    // Sends request + CR LF; what arrived up to the first line end (or within the time limit).
     QByteArray ask(const QByteArray& request, int timeoutMs = 1000)
     {
         send(request + "\r\n");
-        waitForLine(timeoutMs);
+        waitForLines(1, timeoutMs);
         return received;
     }
-
-    // The replies to requests asked one after the other.
     QList<QByteArray> askAll(const QList<QByteArray>& requests)
     {
         QList<QByteArray> replies;
@@ -43,55 +55,25 @@ public:
             replies.append(ask(r));
         return replies;
     }
-
     void send(const QByteArray& bytes)
     {
-        clear();
+        received.clear();
+        pieces.clear();
+        arrivalsMs.clear();
         m_clock.restart();
-        m_controller.receive(bytes);
+        controller.receive(bytes);
     }
-
-    bool waitForLine(int timeoutMs = 1000)
-    {
-        return Waiter::waitUntil([this] { return received.endsWith("\r\n"); }, timeoutMs)
-            == Waiter::Result::Done;
-    }
-
     bool waitForLines(int count, int timeoutMs = 1000)
     {
         return Waiter::waitUntil([this, count] { return received.count("\r\n") >= count; }, timeoutMs)
             == Waiter::Result::Done;
     }
 
-    void clear()
-    {
-        received.clear();
-        pieces.clear();
-        arrivalsMs.clear();
-    }
-
+    SimController controller;
     QByteArray received;
     QList<QByteArray> pieces;
     QList<qint64> arrivalsMs; // since the last send
 
 private:
-    SimController& m_controller;
     QElapsedTimer m_clock;
-};
-
-// Faults set by a function, so that a test names only what it changes.
-inline SimFaults faultsWith(const std::function<void(SimFaults&)>& set)
-{
-    SimFaults faults;
-    set(faults);
-    return faults;
-}
-
-// A fresh controller, with faults if given, and a client on its line.
-struct SimLine {
-    SimLine() = default;
-    explicit SimLine(const SimFaults& faults) { controller.setFaults(faults); }
-
-    SimController controller;
-    ControllerClient client{controller};
 };

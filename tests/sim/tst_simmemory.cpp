@@ -1,8 +1,6 @@
 #include "ControllerClient.h"
-#include "FactoryMemory.h"
 
 #include "common/ProgramState.h"
-#include "sim/SimController.h"
 #include "support/FileSizeLimit.h"
 
 #include <QFile>
@@ -21,37 +19,21 @@ QByteArray readFile(const QString& path)
     return f.readAll();
 }
 
-void writeFile(const QString& path, const QByteArray& bytes)
-{
-    QFile f(path);
-    f.open(QIODevice::WriteOnly);
-    f.write(bytes);
-}
-
-// A state file path in a fresh directory.
-struct StateFile {
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("sim.state"));
-
-    bool useIn(SimController& controller) const
-    {
-        QString error;
-        return controller.useStateFile(path, &error);
-    }
-};
-
 } // namespace
 
 class TestSimMemory : public QObject {
     Q_OBJECT
 
 private slots:
+    void init() { QVERIFY(!QFile::exists(state)); }
+    void cleanup() { QFile::remove(state); }
+
+    // Until the restart the working copy holds the write; after it, only what was stored.
     void restartKeepsOnlyWhatWasStored_data()
     {
         QTest::addColumn<QList<QByteArray>>("requests");
         QTest::addColumn<QByteArray>("read");
         QTest::addColumn<QByteArray>("afterRestart");
-
         const QByteArray wd0 = "0WD0" + OtherBlock;
         const QByteArray wd7 = "0WD7" + OtherBlock;
         const QByteArray wp = "0WP01" + OtherRecord;
@@ -62,61 +44,44 @@ private slots:
         QTest::newRow("block 7 stored") << QList<QByteArray>{wd7, "0WF"} << QByteArray("0RD7") << OtherBlock;
         QTest::newRow("record unstored") << QList<QByteArray>{wp} << QByteArray("0RP01") << Record1;
         QTest::newRow("record stored") << QList<QByteArray>{wp, "0WA0101"} << QByteArray("0RP01") << OtherRecord;
-        QTest::newRow("record outside the stored range")
-            << QList<QByteArray>{"0WP02" + OtherRecord, "0WA0101"} << QByteArray("0RP02")
-            << QByteArray(16, '0');
+        QTest::newRow("record outside the stored range") << QList<QByteArray>{"0WP02" + OtherRecord, "0WA0101"}
+                                                         << QByteArray("0RP02") << QByteArray(16, '0');
     }
     void restartKeepsOnlyWhatWasStored()
     {
         QFETCH(QList<QByteArray>, requests);
         QFETCH(QByteArray, read);
-        QFETCH(QByteArray, afterRestart);
-
-        SimController controller;
-        ControllerClient client(controller);
+        SimLine line;
         for (const QByteArray& r : requests)
-            QVERIFY(!client.ask(r).startsWith("0%%"));
-        // Until the restart the working copy holds the write.
-        const QByteArray written = read.startsWith("0RP") ? OtherRecord : OtherBlock;
-        QCOMPARE(client.ask(read), read + written + "\r\n");
-
-        controller.restart();
-        QCOMPARE(client.ask(read), read + afterRestart + "\r\n");
+            QVERIFY(!line.ask(r).startsWith("0%%"));
+        QCOMPARE(line.ask(read), read + (read.startsWith("0RP") ? OtherRecord : OtherBlock) + "\r\n");
+        line.controller.restart();
+        QFETCH(QByteArray, afterRestart);
+        QCOMPARE(line.ask(read), read + afterRestart + "\r\n");
     }
 
+    // Created by the first store; block 0 is written last and never stored.
     void stateFileCarriesTheStoredCopy()
     {
-        const StateFile state;
+        QString error;
         {
             SimLine first;
-            QVERIFY(state.useIn(first.controller));
-            // Block 0 is written last and never stored.
-            first.client.askAll({"0WD1" + OtherBlock, "0WE", "0WP01" + OtherRecord, "0WA0101", "0WD0" + OtherBlock});
+            QVERIFY(first.controller.useStateFile(state, &error));
+            first.askAll({"0WD1" + OtherBlock, "0WP01" + OtherRecord});
+            QVERIFY(!QFile::exists(state));
+            first.askAll({"0WE", "0WA0101", "0WD0" + OtherBlock});
+            QVERIFY(readFile(state).contains("BLOCK1=" + OtherBlock + "\n"));
         }
         SimLine second;
-        QVERIFY(state.useIn(second.controller));
-        QCOMPARE(second.client.askAll({"0RD1", "0RP01", "0RD0", "0RD7"}),
+        QVERIFY(second.controller.useStateFile(state, &error));
+        QCOMPARE(second.askAll({"0RD1", "0RP01", "0RD0", "0RD7"}),
                  (QList<QByteArray>{"0RD1" + OtherBlock + "\r\n", "0RP01" + OtherRecord + "\r\n",
                                     "0RD0" + Block0 + "\r\n", "0RD7" + Block7 + "\r\n"}));
-    }
-
-    void missingStateFileIsCreatedByTheFirstStore()
-    {
-        const StateFile state;
-        SimController controller;
-        QVERIFY(state.useIn(controller));
-        ControllerClient client(controller);
-        QCOMPARE(client.ask("0RD1"), "0RD1" + Block1 + "\r\n");
-        client.ask("0WD7" + OtherBlock);
-        QVERIFY(!QFile::exists(state.path));
-        client.ask("0WF");
-        QVERIFY(readFile(state.path).contains("BLOCK7=" + OtherBlock + "\n"));
     }
 
     void stateFileWithUnknownLines_data()
     {
         QTest::addColumn<QByteArray>("line");
-
         QTest::newRow("block 3") << "BLOCK3=" + OtherBlock;
         QTest::newRow("short block") << "BLOCK0=" + OtherBlock.left(31);
         QTest::newRow("lower-case hex") << "BLOCK0=" + OtherBlock.toLower();
@@ -129,39 +94,40 @@ private slots:
     void stateFileWithUnknownLines()
     {
         QFETCH(QByteArray, line);
-
-        const StateFile state;
-        writeFile(state.path, "# comment\nBLOCK1=" + OtherBlock + "\n" + line + "\n");
+        QFile file(state);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("# comment\nBLOCK1=" + OtherBlock + "\n" + line + "\n");
+        file.close();
         ProgramState::instance().gMsgBase = 10000;
-        SimController controller;
+        SimLine sim;
         QString error;
-        QVERIFY(!controller.useStateFile(state.path, &error));
-        QCOMPARE(error, QStringLiteral("line 3 is not understood"));
-        // Nothing of the file is taken.
-        ControllerClient client(controller);
-        QCOMPARE(client.ask("0RD1"), "0RD1" + Block1 + "\r\n");
+        QVERIFY(!sim.controller.useStateFile(state, &error));
+        QCOMPARE(error, "line 3 is not understood");
+        QCOMPARE(sim.ask("0RD1"), "0RD1" + Block1 + "\r\n");
     }
 
     void failedSaveKeepsTheOldFile()
     {
-        const StateFile state;
-        SimController controller;
-        QVERIFY(state.useIn(controller));
-        QSignalSpy failed(&controller.memory(), &ControllerMemory::saveFailed);
-        ControllerClient client(controller);
-        client.ask("0WE");
-        const QByteArray saved = readFile(state.path);
+        SimLine line;
+        QString error;
+        QVERIFY(line.controller.useStateFile(state, &error));
+        QSignalSpy failed(&line.controller.memory(), &ControllerMemory::saveFailed);
+        line.ask("0WE");
+        const QByteArray saved = readFile(state);
         QVERIFY(!saved.isEmpty());
-
-        client.ask("0WD0" + OtherBlock);
+        line.ask("0WD0" + OtherBlock);
         {
             FileSizeLimit limit(64);
-            QCOMPARE(client.ask("0WE"), QByteArray("0WE\r\n"));
+            QCOMPARE(line.ask("0WE"), QByteArray("0WE\r\n"));
         }
         QCOMPARE(failed.count(), 1);
-        QCOMPARE(failed.first().first().toString(), state.path);
-        QCOMPARE(readFile(state.path), saved);
+        QCOMPARE(failed.first().first().toString(), state);
+        QCOMPARE(readFile(state), saved);
     }
+
+private:
+    QTemporaryDir dir;
+    const QString state = dir.filePath("sim.state");
 };
 
 QTEST_GUILESS_MAIN(TestSimMemory)
