@@ -1,19 +1,34 @@
 #include "ParaFixtures.h"
 
+#include "common/ProgramState.h"
 #include "common/RuntimeError.h"
-#include "params/CtParaImage.h"
 #include "params/ParaBlockCodec.h"
-#include "params/ParaEntries.h"
+#include "params/ParaCompare.h"
 #include "params/ParaMemoryMap.h"
 #include "params/SpCurrent.h"
 #include "params/TakeCtParaImage.h"
 
-#include "common/ProgramState.h"
-
-#include <QSet>
 #include <QTest>
 
+#include <functional>
+
 namespace {
+
+using Change = std::function<void(ParaSet&)>;
+
+CtParaImage size28Image()
+{
+    CtParaImage image;
+    DecodeParaBlocks(Size28Replies(), image);
+    return image;
+}
+
+QString reportFor(const ParaSet& set)
+{
+    ParaCompareLines lines;
+    const int result = MakeParaCompareList(size28Image(), set, lines);
+    return ParaVerifyReport(result, lines);
+}
 
 std::array<QString, 3> repliesWith(int block, int pos, const QString& digits)
 {
@@ -24,27 +39,17 @@ std::array<QString, 3> repliesWith(int block, int pos, const QString& digits)
 
 } // namespace
 
+Q_DECLARE_METATYPE(Change)
+
+// The parameter blocks to and from the controller, and the verification report on them.
 class TestParaCodec : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() { ProgramState::reset(); }
-
-    // Each block is covered exactly once, left to right, by its rows, and
-    // every image entry has at most one row.
-    void mapTilesEveryBlock()
+    void init()
     {
-        QSet<int> entries;
-        std::array<int, 3> next{5, 5, 5};
-        for (const ParaMapRow& row : ParaMemoryMap()) {
-            QCOMPARE(row.pos, next.at(size_t(row.block)));
-            next.at(size_t(row.block)) += row.digits;
-            QVERIFY(!entries.contains(row.entry));
-            entries.insert(row.entry);
-        }
-        for (int end : next)
-            QCOMPARE(end, 37);
-        QCOMPARE(entries.size(), 38);
+        ProgramState::reset();
+        ProgramState::instance().gMsgBase = 10000;
     }
 
     void readOfKnownBlocksGivesTheSet()
@@ -112,11 +117,9 @@ private slots:
         QTest::addColumn<QString>("size");
         QTest::addColumn<QString>("letter");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("28") << "28" << "L" << "1C" "4C" "00";
         QTest::newRow("35") << "35" << "L" << "23" "4C" "01";
         QTest::newRow("E35 sends 35 and E") << "E35" << "L" << "23" "45" "04";
         QTest::newRow("42 D") << "42" << "D" << "2A" "44" "05";
-        QTest::newRow("20 (SP)") << "20" << "L" << "14" "4C" "03";
         QTest::newRow("no letter") << "28" << "" << "1C" "00" "00";
     }
     void sizeFields()
@@ -226,6 +229,96 @@ private slots:
         }
         QVERIFY(written);
         QCOMPARE(*written, QStringLiteral("0123456789AB") + digits + QString(16, u'C'));
+    }
+    void reports_data()
+    {
+        QTest::addColumn<Change>("change");
+        QTest::addColumn<QString>("report");
+        const QString ng = QStringLiteral("Result of Verify - NG\r\n");
+        QTest::newRow("equal") << Change([](ParaSet&) {}) << "Result of Verify - OK";
+        QTest::newRow("VEL and ALM") << Change([](ParaSet& s) {
+            s.home.vel = 11;
+            s.pg.alm = 999;
+        }) << ng + "<HOME Parameter> :VEL,\r\n<PG Parameter> :ALM,\r\n";
+        QTest::newRow("only a reserved value") << Change([](ParaSet& s) { s.reserved[4] = 1; }) << ng;
+        QTest::newRow("motor number only") << Change([](ParaSet& s) {
+            s.axis.motorNumber = 7;
+            s.axis.motorCode = QStringLiteral("28L007");
+        }) << "Result of Verify - OK";
+        QTest::newRow("size") << Change([](ParaSet& s) { s.axis.motorCode = QStringLiteral("35L100"); })
+                              << ng + "<AXIS Parameter> :MOTOR\r\n";
+        QTest::newRow("unnamed fields are not compared") << Change([](ParaSet& s) {
+            s.home.homeByte = 1;
+            s.axis.axisValue = 1;
+            s.etc.percent = 99;
+            s.special.flag = 1;
+        }) << "Result of Verify - OK";
+        QTest::newRow("every named field") << Change([](ParaSet& s) {
+            s.home = {.offset = 1, .homeByte = 30, .vel = 1, .ofsVel = 1, .homeSpeed = 10};
+            s.axis.pulse = 1;
+            s.axis.autoDrive = 1;
+            s.axis.motorCode = QStringLiteral("42D100");
+            s.pg = {.function = 1, .alm = 1};
+            s.etc.homeOut = 1;
+            s.etc.inpWid = 1;
+            s.special = {.pgTimer = 1, .autoHome = 1, .lsTimer = 1, .emgLogic = 1, .alm1Clear = 1, .flag = 0};
+        }) << ng + "<HOME Parameter> :OFFSET,VEL,OFSVEL,\r\n"
+                   "<AXIS Parameter> :PULSE,AUTODRIVE,MOTOR\r\n"
+                   "<PG Parameter> :FUNCTION,ALM,\r\n"
+                   "<Etc Parameter> :HOME OUT,IN-P WID,\r\n"
+                   "<SP Parameter> :PG TIMER,AUTO HOME,LS TIMER,EMG LOGIC,ALM1 CLEAR,\r\n";
+    }
+    void reports()
+    {
+        QFETCH(Change, change);
+        ParaSet set = Size28Set();
+        change(set);
+        QTEST(reportFor(set), "report");
+    }
+
+    // A difference in Reserved2, 3 or 5 replaces the line by Reserved5's
+    // value and the name; the others append.
+    void reservedLine_data()
+    {
+        QTest::addColumn<QList<int>>("reserved");
+        QTest::addColumn<QString>("line");
+        QTest::newRow("Reserved0 and 1") << QList<int>{1, 1, 0, 0, 0, 0, 0} << "Reserved0,Reserved1,";
+        QTest::newRow("Reserved2 replaces") << QList<int>{1, 0, 2, 0, 0, 0, 0} << "0Reserved2,";
+        QTest::newRow("then Reserved4 appends") << QList<int>{0, 0, 2, 0, 4, 0, 0} << "0Reserved2,Reserved4,";
+        QTest::newRow("Reserved5 replaces with its own value")
+            << QList<int>{0, 0, 2, 0, 4, 9, 6} << "9Reserved5,Reserved6,";
+        QTest::newRow("Reserved3 after 1") << QList<int>{0, 1, 0, 3, 0, 0, 0} << "0Reserved3,";
+    }
+    void reservedLine()
+    {
+        QFETCH(QList<int>, reserved);
+        ParaSet set = Size28Set();
+        for (int i = 0; i < 7; ++i)
+            set.reserved[size_t(i)] = qint16(reserved[i]);
+        ParaCompareLines lines;
+        QCOMPARE(MakeParaCompareList(size28Image(), set, lines), 1);
+        QTEST(lines[5], "line");
+        QCOMPARE(lines[6], QString());
+    }
+
+    // Entries a partial file left empty are differences, not zeros.
+    void emptyEntriesDiffer()
+    {
+        CtParaImage image = size28Image();
+        image[14] = QString();
+        ParaSet set = Size28Set();
+        set.pg.alm = 0;
+        ParaCompareLines lines;
+        QCOMPARE(MakeParaCompareList(image, set, lines), 1);
+        QCOMPARE(lines[2], QStringLiteral("ALM,"));
+    }
+
+    void japaneseReport()
+    {
+        ProgramState::instance().gMsgBase = 0;
+        ParaSet set = Size28Set();
+        set.home.vel = 11;
+        QCOMPARE(reportFor(set), QStringLiteral("照合結果 - NG\r\n<原点復帰パラメータ> :VEL,\r\n"));
     }
 };
 
