@@ -62,34 +62,15 @@ private slots:
         QVERIFY(prompter.shown.isEmpty());
     }
 
-    void recordFields()
-    {
-        writeList("2\r\n\"E35L-007\",\"x\",\"y\",\"z\",\"w\"\r\n\"28\",\"1\",\"2\",\"3\",\"4\"\r\n");
-        DeviceList list;
-        QCOMPARE(list.ReadDeviceList(prompter), 0);
-        const DeviceRecord& r = list.record(1);
-        QCOMPARE((QStringList{r.DevCode, r.DevSizeKey, r.DevKindChar, r.DevItem2, r.DevItem3, r.DevItem4, r.DevItem5}),
-                 (QStringList{"E35L-007", "E35", "L", "x", "y", "z", "w"}));
-        QCOMPARE(r.DevNumber, 7.0);
-        QCOMPARE(list.record(2).DevSizeKey, "28");
-        QCOMPARE(list.record(2).DevKindChar, QString());
-        QCOMPARE(list.record(2).DevNumber, 0.0);
-    }
-
-    // A shorter list overwrites the first records and leaves the others; an
-    // empty one leaves the size kinds as they were.
-    void rereadingTheList()
+    // An empty list leaves the size kinds as they were.
+    void emptyListKeepsTheSizeKinds()
     {
         DeviceList list;
         QCOMPARE(list.ReadDeviceList(prompter), 0);
-        writeList("1\r\n\"99\",\"\",\"\",\"\",\"\"\r\n");
-        QCOMPARE(list.ReadDeviceList(prompter), 0);
-        QCOMPARE(list.record(1).DevCode, "99");
-        QCOMPARE(list.record(2).DevCode, "35");
         writeList("0\r\n");
         QCOMPARE(list.ReadDeviceList(prompter), 0);
         QCOMPARE(list.gDeviceCount, qint16(0));
-        QCOMPARE(list.gSizeKinds[0], "99");
+        QCOMPARE(list.gSizeKinds[0], "28");
         QCOMPARE(list.gSizeKindMax, qint16(0));
         QVERIFY(!list.gDevListMissing);
     }
@@ -98,28 +79,22 @@ private slots:
     {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<int>("result");
-        QTest::addColumn<int>("storedRecords");
-        QTest::newRow("six size kinds") << records(12, 6) << 0 << 12;
-        QTest::newRow("71 records") << records(71, 2) << 1 << 70;
-        QTest::newRow("seven size kinds") << records(7, 7) << 1 << 7;
-        QTest::newRow("count not a number") << QByteArray("many\r\n") << 1 << 0;
-        QTest::newRow("ends early") << QByteArray("3\r\n\"28L-101\",\"a\",\"b\",\"c\",\"d\"\r\n") << 1 << 1;
-        QTest::newRow("missing file") << QByteArray() << 1 << 0;
+        QTest::newRow("six size kinds") << records(12, 6) << 0;
+        QTest::newRow("71 records") << records(71, 2) << 1;
+        QTest::newRow("seven size kinds") << records(7, 7) << 1;
+        QTest::newRow("count not a number") << QByteArray("many\r\n") << 1;
+        QTest::newRow("ends early") << QByteArray("3\r\n\"28L-101\",\"a\",\"b\",\"c\",\"d\"\r\n") << 1;
+        QTest::newRow("missing file") << QByteArray() << 1;
     }
     void readResults()
     {
         QFETCH(QByteArray, content);
         QFETCH(int, result);
-        QFETCH(int, storedRecords);
         writeList(content);
         DeviceList list;
         QCOMPARE(list.ReadDeviceList(prompter), result);
         QCOMPARE(prompter.texts(), result ? QStringList{NoList} : QStringList());
         QCOMPARE(list.gDevListMissing, result == 1);
-        if (storedRecords > 0)
-            QVERIFY(list.record(storedRecords).DevCode.endsWith(QByteArray::number(100 + storedRecords)));
-        if (storedRecords < DeviceList::MaxRecords)
-            QCOMPARE(list.record(storedRecords + 1).DevCode, QString());
         if (result == 0)
             QCOMPARE(list.gSizeKinds[list.gSizeKindMax], "25L");
     }
@@ -203,7 +178,6 @@ private slots:
         QTest::addColumn<bool>("pgUse");
         QTest::addColumn<QString>("mainSize");
         QTest::addColumn<QString>("chosen");
-        QTest::newRow("size of the main window") << false << true << "SP" << "SP";
         QTest::newRow("empty main size") << false << false << "" << "28";
         QTest::newRow("size not in the list") << true << true << "28L" << "28";
     }
@@ -242,32 +216,17 @@ private slots:
         QCOMPARE(ProgramState::instance().gActSize, QString());
     }
 
-    // Only the window frame counts as Cancel; a close by the program does not.
-    void dialogCancelled_data()
+    // A close by the program is no Cancel (the button and the window frame
+    // are, as the parameter page test shows).
+    void closedByTheProgramIsNoCancel()
     {
-        QTest::addColumn<int>("how");
-        QTest::addColumn<bool>("cancelled");
-        QTest::newRow("Cancel button") << -1 << true;
-        QTest::newRow("window frame") << 0 << true;
-        QTest::newRow("closed by the program") << 1 << false;
-    }
-    void dialogCancelled()
-    {
-        QFETCH(int, how);
-        QFETCH(bool, cancelled);
         ProgramState::instance().gActSize = "42";
         DeviceList list;
         DeviceSelection dialog(list, prompter);
         dialog.Form_Load("28");
-        dialog.chkDevPgUse = 1;
-        if (how < 0)
-            dialog.cmdDeviceCancel_Click();
-        else
-            dialog.Form_QueryUnload(how);
-        QCOMPARE(dialog.Cancelled, cancelled);
-        QCOMPARE(dialog.closeRequested, cancelled);
+        dialog.Form_QueryUnload(1);
+        QVERIFY(!dialog.Cancelled && !dialog.closeRequested);
         QCOMPARE(ProgramState::instance().gActSize, "42");
-        QVERIFY(!ProgramState::instance().gPgUse);
     }
 
     // The encoder box shows the recorded use whatever size is chosen.
