@@ -89,16 +89,6 @@ private slots:
     }
     void cleanupTestCase() { DataFiles::setProgramFolder({}); }
 
-    void savedFileHasTheExactLayout()
-    {
-        const QString path = dir.filePath("a.pmt");
-        ParaSet set = Size28Set();
-        set.axis.motorCode = "stale";
-        QCOMPARE(SaveParaFile(path, set), 0);
-        QCOMPARE(readAll(path), Size28File);
-        QCOMPARE(set.axis.motorCode, "28L100");
-    }
-
     void onlyTheHomeSection()
     {
         const QString path = dir.filePath("home.pmt");

@@ -265,19 +265,6 @@ private slots:
         QVERIFY2(line.arrivalsMs[1] - line.arrivalsMs[0] >= SimFaults::SplitGapMs - 2, QByteArray::number(line.arrivalsMs[1]));
     }
 
-    void restartCutsTheReplyAndForgetsUnstoredData()
-    {
-        SimLine line({"--restart-after", "3"});
-        QSignalSpy restarted(&line.controller, &SimController::restarted);
-        QCOMPARE(line.askAll({"0WD0" + OtherBlock, "0WO03"}), (QList<QByteArray>{"0WD0\r\n", "0WO03\r\n"}));
-        // Half of the 36 characters before CR LF, and no line end.
-        QCOMPARE(line.ask("0RD0", 150), QByteArray("0RD0" + OtherBlock.left(14)));
-        QCOMPARE(restarted.count(), 1);
-        QCOMPARE(line.askAll({"0RD0", "0RO", "0RA", "0RA"}),
-                 (QList<QByteArray>{"0RD0" + Block0 + "\r\n", "0RO30\r\n", "0RA1\r\n", "0RA1\r\n"}));
-        QCOMPARE(restarted.count(), 1);
-    }
-
     void unsolicitedAlarmIsNotShaped()
     {
         SimLine line({"--extra-char", "all", "--wrong-echo", "all"});
