@@ -64,18 +64,6 @@ private slots:
         ProgramState::instance().gMsgBase = 10000;
     }
 
-    void readOfKnownBlocksGivesTheSet()
-    {
-        CtParaImage image;
-        DecodeParaBlocks(Size28Replies(), image);
-        QCOMPARE((QVariantList{image[MotorSizeEntry], image[MotorLetterEntry], image[MotorNumberEntry].toInt(),
-                               image[MotorCodeEntry], image[36].toInt(), image[0], image[40]}),
-                 (QVariantList{"28", "L", 100, "28L100", 0, "", ""}));
-        ParaSet set;
-        TakeCtParaImage(image, set);
-        QCOMPARE(Fields(set), Fields(Size28Set()));
-    }
-
     void widestValues_data()
     {
         QTest::addColumn<int>("block");
@@ -113,14 +101,6 @@ private slots:
         CtParaImage image;
         DecodeParaBlocks(repliesWith(1, 23, digits), image);
         QTEST(image[MotorCodeEntry].toString(), "code");
-    }
-
-    void writeOfKnownSetGivesTheBlocks()
-    {
-        const auto blocks = EncodeParaBlocks(Size28Set());
-        const auto digits = Size28Digits();
-        for (int b = 0; b < 3; ++b)
-            QCOMPARE(blocks.at(size_t(b)), QString::number(b) + digits.at(size_t(b)));
     }
 
     // Block 1 bytes 9, 10 and 13: size number, type letter and size code.

@@ -345,15 +345,6 @@ private slots:
         QCOMPARE(status, QByteArray("0RA1\r\n"));
     }
 
-    void alarmAfterADelay()
-    {
-        SimLine line({"--alarm", "301@60"});
-        line.send({});
-        QVERIFY(line.waitForLines(1));
-        QCOMPARE(line.received, QByteArray("0%%301\r\n"));
-        QVERIFY2(line.arrivalsMs.first() >= 55, QByteArray::number(line.arrivalsMs.first()));
-    }
-
     // A move ends at once while STOP is held, and leaves the axis ready but not in position.
     void stopInputEndsTheMove()
     {
