@@ -50,18 +50,6 @@ private slots:
     }
     void cleanupTestCase() { DataFiles::setProgramFolder({}); }
 
-    void shippedList()
-    {
-        DeviceList list;
-        QCOMPARE(list.ReadDeviceList(prompter), 0);
-        QCOMPARE(list.gDeviceCount, qint16(4));
-        QCOMPARE((QStringList{list.gSizeKinds.begin(), list.gSizeKinds.begin() + list.gSizeKindMax + 1}),
-                 (QStringList{"28", "35", "42", "SP"}));
-        for (const QString size : {"28", "35", "42", "SP"})
-            QCOMPARE(DeviceList::FindSizeInDeviceList("QM", size, prompter), 0);
-        QVERIFY(prompter.shown.isEmpty());
-    }
-
     // An empty list leaves the size kinds as they were.
     void emptyListKeepsTheSizeKinds()
     {

@@ -101,24 +101,6 @@ private slots:
             QCOMPARE(image[entry], QVariant(QString()));
     }
 
-    void notAParameterFile_data()
-    {
-        QTest::addColumn<QByteArray>("header");
-        QTest::newRow("other kind") << QByteArray("\"QM-KTR\",\"QMD\"\r\n6\r\n");
-        QTest::newRow("other model") << QByteArray("\"QM-B4\",\"PRM\"\r\n6\r\n");
-    }
-    void notAParameterFile()
-    {
-        QFETCH(QByteArray, header);
-        const QString path = dir.filePath("other.pmt");
-        WriteBytes(path, header + "\"HOME\",5,1\r\n1\r\n1\r\n1\r\n1\r\n1\r\n");
-        CtParaImage image = earlierImage();
-        QCOMPARE(LoadParaFile(path, image, prompter), 1);
-        QCOMPARE(prompter.texts(), QStringList{"Not parameter file for QM-B4.\r\nOpening file is canceled."});
-        QCOMPARE(image[1].toInt(), 4321);
-        QCOMPARE(image[MotorCodeEntry].toString(), "42D001");
-    }
-
     // The sections must come in their order; what was read before stays.
     void sectionOutOfOrder()
     {
@@ -236,6 +218,8 @@ private slots:
         QTest::addColumn<QString>("offset");
         QTest::newRow("not a parameter file") << QByteArray("\"QM-KTR\",\"QMD\"\r\n6\r\n")
                                               << "Not parameter file for QM-B4.\r\nOpening file is canceled." << "30";
+        QTest::newRow("other model") << QByteArray("\"QM-B4\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n1\r\n1\r\n1\r\n1\r\n")
+                                     << "Not parameter file for QM-B4.\r\nOpening file is canceled." << "30";
         QTest::newRow("ends early") << QByteArray("\"QM-KTR\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n")
                                     << "Fail to open parameter file." << "";
         QTest::newRow("value too large for its field") << QByteArray(Size28File).replace("0\r\n30\r\n10", "0\r\n30\r\n99999")
