@@ -39,7 +39,6 @@ QByteArray ask(Port& port, const QByteArray& request)
     return line;
 }
 
-
 // A pacer and what it lets out, with when the last piece came.
 struct PacedLine {
     explicit PacedLine(bool paced = true)
@@ -66,14 +65,6 @@ struct PacedLine {
     double lastMs = 0;
 };
 
-QByteArray text(int size, char first = 'a')
-{
-    QByteArray t;
-    for (int i = 0; i < size; ++i)
-        t += char(first + i % 26);
-    return t;
-}
-
 } // namespace
 
 // The line of the virtual controller: the pacer that keeps the serial line's
@@ -86,11 +77,11 @@ private slots:
     void hundredCharactersTakeTheirLineTime()
     {
         PacedLine line;
-        line.pacer.send(text(50));
+        line.pacer.send(QByteArray(50, 'a'));
         Waiter::sleep(20);
-        line.pacer.send(text(50, 'A'));
+        line.pacer.send(QByteArray(50, 'A'));
         QVERIFY(line.waitFor(100));
-        QCOMPARE(line.received, text(50) + text(50, 'A'));
+        QCOMPARE(line.received, QByteArray(50, 'a') + QByteArray(50, 'A'));
         QVERIFY2(line.lastMs >= 104.0 * 0.9 && line.lastMs <= 104.2 * 1.1, QByteArray::number(line.lastMs));
         QVERIFY(line.pieces > 10);
     }
@@ -98,11 +89,11 @@ private slots:
     void aBurstAfterIdleStartsAfresh()
     {
         PacedLine line;
-        line.pacer.send(text(10));
+        line.pacer.send(QByteArray(10, 'a'));
         QVERIFY(line.waitFor(10));
         Waiter::sleep(50);
         const double sentAt = line.clock.nsecsElapsed() / 1e6;
-        line.pacer.send(text(20));
+        line.pacer.send(QByteArray(20, 'a'));
         QVERIFY(line.waitFor(30));
         // Its own 20 characters' time, not out at once on the old schedule.
         const double took = line.lastMs - sentAt;
@@ -116,7 +107,7 @@ private slots:
     {
         PacedLine line;
         line.pacer.holdForRequest(40);
-        line.pacer.send(text(10));
+        line.pacer.send(QByteArray(10, 'a'));
         QVERIFY(line.waitFor(10));
         // 50 characters: 52.1 ms.
         QVERIFY2(line.lastMs >= 52.1 - 1 && line.lastMs <= 52.1 * 1.1 + 2, QByteArray::number(line.lastMs));
@@ -124,7 +115,7 @@ private slots:
         line.pacer.holdForRequest(5);
         Waiter::sleep(30);
         const double sentAt = line.clock.nsecsElapsed() / 1e6;
-        line.pacer.send(text(10));
+        line.pacer.send(QByteArray(10, 'a'));
         QVERIFY(line.waitFor(20));
         const double took = line.lastMs - sentAt;
         QVERIFY2(took >= 10.4 - 1 && took <= 10.4 * 1.1 + 2, QByteArray::number(took));
@@ -134,11 +125,11 @@ private slots:
     void withoutPacingOrCleared()
     {
         PacedLine unpaced(false);
-        unpaced.pacer.send(text(100));
-        QCOMPARE(unpaced.received, text(100));
+        unpaced.pacer.send(QByteArray(100, 'a'));
+        QCOMPARE(unpaced.received, QByteArray(100, 'a'));
         QCOMPARE(unpaced.pieces, 1);
         PacedLine line;
-        line.pacer.send(text(100));
+        line.pacer.send(QByteArray(100, 'a'));
         Waiter::sleep(20);
         line.pacer.clear();
         const qsizetype outBeforeClear = line.received.size();
