@@ -11,6 +11,7 @@
 #include "common/Waiter.h"
 #include "link/ErrorList.h"
 #include "link/Link.h"
+#include "link/SerialPort.h"
 #include "link/VersionQuery.h"
 #include "opdata/IoBits.h"
 #include "opdata/OpDataRecord.h"
@@ -19,6 +20,8 @@
 #include "params/TakeCtParaImage.h"
 
 #include <QTimer>
+
+#include <utility>
 
 #include <fuzzer/FuzzedDataProvider.h>
 
