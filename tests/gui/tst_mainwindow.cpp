@@ -279,13 +279,20 @@ private slots:
         ProgramState::instance().gCommBusy = false;
     }
 
+    void closingWhileBusyStopsTheSequenceFirst_data()
+    {
+        QTest::addColumn<bool>("busy");
+        QTest::newRow("sequence") << true;
+        QTest::newRow("I/O monitor poll, not busy") << false;
+    }
     void closingWhileBusyStopsTheSequenceFirst()
     {
+        QFETCH(bool, busy);
         MainWindow w;
         w.Form_Load();
         w.show();
         ProgramState& s = ProgramState::instance();
-        s.gCommBusy = true;
+        s.gCommBusy = busy;
         // A sequence waiting for the controller when the window is closed.
         QTimer::singleShot(0, &w, &QWidget::close);
         const Waiter::Result r = Waiter::waitUntil([] { return false; }, 5000);
