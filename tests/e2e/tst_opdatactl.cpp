@@ -87,16 +87,6 @@ private slots:
         QCOMPARE(linesOf(lost.out), (QStringList{"VEL=300", "ACC=1", "DIR=CW", "DIVISION=12", "GEAR=1", "SPEED=1"}));
     }
 
-    void homeWaitsForTheEnd()
-    {
-        const CtlRun home = KtrctlProcess::run({"--simulator", "--trace", "home"});
-        QCOMPARE(home.exitCode, 0);
-        const QStringList frames = sentFrames(home.err);
-        QCOMPARE(frames.mid(0, 3), (QStringList{"0CM6", "0MP00", "0RA"}));
-        QCOMPARE(frames.count(QStringLiteral("0RA")), frames.size() - 2);
-        QCOMPARE(traceFrames(home.err).last().text, QStringLiteral("< 0RA1"));
-    }
-
     void continuousRunMakesFifteenMoves()
     {
         SimProcess sim(QStringLiteral(KTRSIM_PATH));

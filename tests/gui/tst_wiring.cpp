@@ -118,16 +118,24 @@ private slots:
         QTest::addColumn<int>("language");
         QTest::addColumn<QString>("message");
         QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("silent");
         QTest::newRow("English") << 2 << "The version of this controller is 1.00."
-                                 << "KTR-W5 - virtual controller (simulator)";
+                                 << "KTR-W5 - virtual controller (simulator)" << "";
         QTest::newRow("Japanese") << 1 << "このｺﾝﾄﾛｰﾗのﾊﾞｰｼﾞｮﾝは、1.00です。"
-                                  << "KTR-W5 - 仮想コントローラ（シミュレータ）";
+                                  << "KTR-W5 - 仮想コントローラ（シミュレータ）" << "";
+        QTest::newRow("no answer") << 2 << "Communication timeout error!\r\n\r\nCheck the followings;\r\n"
+                                          " 1.Power ON for controller?\r\n 2.Communication cables are connected?"
+                                   << "KTR-W5 - virtual controller (simulator)" << "CM";
     }
     void versionAndSimulatorShownPlainly()
     {
         QFETCH(int, language);
         setLanguage(qint16(language));
+        QFETCH(QString, silent);
         SimWindow w;
+        SimFaults faults;
+        faults.silence = CommandMatch::parse(silent).value_or(CommandMatch());
+        w.sim().setFaults(faults);
         QTEST(w.window.windowTitle(), "title");
 
         w.window.mnuShowCtversion->trigger();
@@ -162,69 +170,52 @@ private slots:
         QVERIFY(!w.link().isPortOpen());
     }
 
-    void timeoutShowsWhatToCheck()
-    {
-        SimWindow w;
-        SimFaults faults;
-        faults.silence = *CommandMatch::parse(QStringLiteral("CM"));
-        w.sim().setFaults(faults);
-
-        w.window.mnuShowCtversion->trigger();
-        QCOMPARE(w.prompter.texts(),
-                 QStringList{"Communication timeout error!\r\n\r\nCheck the followings;\r\n"
-                             " 1.Power ON for controller?\r\n 2.Communication cables are connected?"});
-        QVERIFY(w.window.mnuShowCtversion->isEnabled());
-        QVERIFY(w.window.opData->cmdRESET->isEnabled());
-    }
-
     // Closing the window (or File, Exit where it acts) while a sequence waits:
     // the wait ends, the stack unwinds, the window closes and the event loop
     // returns within a second, without a core spinning meanwhile. The sim
     // answers at once or at the pace of the line.
     void closingEndsEveryWait_data()
     {
-        QTest::addColumn<QString>("wait");
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QString>("silent");
+        QTest::addColumn<QString>("tooLong");
+        QTest::addColumn<bool>("dwell");
         QTest::addColumn<bool>("exitMenu");
         QTest::addColumn<bool>("paced");
         for (const bool paced : {false, true}) {
             const char* line = paced ? "paced" : "instant";
-            QTest::addRow("reply time-out, %s", line) << "reply" << false << paced;
+            QTest::addRow("reply time-out, %s", line) << "cmdRESET" << "AR" << "" << false << false << paced;
             // A reply one character too long is followed by "0CM6", whose wait has no time limit.
-            QTest::addRow("untimed resync wait, %s", line) << "resync" << false << paced;
-            QTest::addRow("I/O monitor, %s", line) << "monitor" << false << paced;
-            QTest::addRow("I/O monitor, File Exit, %s", line) << "monitor" << true << paced;
-            // A move of eleven seconds.
-            QTest::addRow("move poll, %s", line) << "move" << false << paced;
-            QTest::addRow("dwell, %s", line) << "dwell" << false << paced;
+            QTest::addRow("untimed resync wait, %s", line) << "cmdRESET" << "CM" << "AR" << false << false << paced;
+            QTest::addRow("I/O monitor, %s", line) << "cmdIoMonitor" << "" << "" << false << false << paced;
+            QTest::addRow("I/O monitor, File Exit, %s", line) << "cmdIoMonitor" << "" << "" << false << true << paced;
+            QTest::addRow("move poll, %s", line) << "cmdMOVE" << "" << "" << false << false << paced;
+            QTest::addRow("dwell, %s", line) << "cmdMOVE" << "" << "" << true << false << paced;
         }
     }
     void closingEndsEveryWait()
     {
-        QFETCH(QString, wait);
+        QFETCH(QString, button);
+        QFETCH(QString, silent);
+        QFETCH(QString, tooLong);
+        QFETCH(bool, dwell);
         QFETCH(bool, exitMenu);
         QFETCH(bool, paced);
         SimWindow w;
         w.window.findChild<SimSerialPort*>()->setPacing(paced);
-        OpDataPage& page = *w.window.opData;
         SimFaults faults;
-        if (wait == u"reply" || wait == u"resync")
-            faults.silence = *CommandMatch::parse(QStringLiteral("CM"));
-        if (wait == u"resync")
-            faults.extraChar = *CommandMatch::parse(QStringLiteral("AR"));
+        faults.silence = CommandMatch::parse(silent).value_or(CommandMatch());
+        faults.extraChar = CommandMatch::parse(tooLong).value_or(CommandMatch());
         w.sim().setFaults(faults);
-        w.sim().setTimeScale(wait == u"move" ? 20 : 1);
-        page.optCNT->setChecked(wait == u"dwell");
+        // A move of eleven seconds, or of a twentieth of a second before a one-minute dwell.
+        w.sim().setTimeScale(dwell ? 0.1 : 20);
+        OpDataPage& page = *w.window.opData;
+        page.optCNT->setChecked(dwell);
         page.chkTimerUse->setChecked(true);
         page.txtTimer->setText(QStringLiteral("600"));
-        QAbstractButton* start = wait == u"monitor" ? page.cmdIoMonitor
-            : wait == u"resync"                     ? page.cmdRESET
-            : wait == u"reply"                      ? nullptr
-                                                    : page.cmdMOVE;
-        QTimer::singleShot(0, &w.window, [&] {
-            start ? start->click() : w.window.mnuShowCtversion->trigger();
-        });
+        QTimer::singleShot(0, page.findChild<QPushButton*>(button), &QPushButton::click);
         QElapsedTimer sinceClose;
-        QTimer::singleShot(wait == u"dwell" ? 1200 : 600, &w.window, [&] {
+        QTimer::singleShot(600, &w.window, [&] {
             sinceClose.start();
             exitMenu ? w.window.mnuFileExit->trigger() : void(w.window.close());
         });
@@ -241,7 +232,7 @@ private slots:
         QVERIFY(!ProgramState::instance().gCommBusy);
         QVERIFY(w.prompter.shown.isEmpty());
         // What a sequence would still ask while unwinding gets "no" at once.
-        if (wait != u"monitor")
+        if (button != u"cmdIoMonitor")
             QCOMPARE(w.window.context().prompter.ask(QStringLiteral("?"), Prompter::Buttons::YesNo,
                                                      Prompter::Icon::Question),
                      Prompter::Answer::No);
