@@ -261,13 +261,13 @@ private slots:
         ProgramState::instance().gCommBusy = false;
     }
 
-    void closingWhileBusyStopsTheSequenceFirst_data()
+    void closingMidWaitUnwindsFirst_data()
     {
         QTest::addColumn<bool>("busy");
         QTest::newRow("sequence") << true;
         QTest::newRow("I/O monitor poll, not busy") << false;
     }
-    void closingWhileBusyStopsTheSequenceFirst()
+    void closingMidWaitUnwindsFirst()
     {
         QFETCH(bool, busy);
         MainWindow w;
