@@ -330,7 +330,7 @@ void Link::Private::writeFrame(const QString& frame)
 // rest of that line is there.
 void Link::Private::setAsideStaleInput()
 {
-    const StaleInput stale = StaleInput::split(q->gRxBuffer + QString::fromLatin1(port.readAll()));
+    const StaleInput stale = StaleInput::split(q->gRxBuffer + QString::fromLatin1(port.takeArrived()));
     if (stale.head.isEmpty())
         port.discardInput();
     q->gRxBuffer = stale.head;
@@ -461,17 +461,18 @@ void Link::Private::announce(const QString& line)
     emit q->lineReceived(bytes);
 }
 
-// Decoded as any error line is; a request waiting meanwhile tells it once
-// the request's own reply has been judged.
+// Decoded as any error line is; a request waiting meanwhile tells it (the
+// same report once) when its own reply has been judged.
 void Link::Private::takeOwnError(const QString& line)
 {
     q->gReply = line;
     announce(line);
     q->gErrorReply = true;
     q->ErrorCheck();
-    if (inFlight)
-        ownErrors << TransactionMessages::ownError(
-            TransactionMessages::errorReply(q->gErrorFound, q->gErrorNo, q->gErrorText));
+    const QString report = TransactionMessages::ownError(
+        TransactionMessages::errorReply(q->gErrorFound, q->gErrorNo, q->gErrorText));
+    if (inFlight && !ownErrors.contains(report))
+        ownErrors << report;
 }
 
 void Link::Private::tellOwnErrors()
