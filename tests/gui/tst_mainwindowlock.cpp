@@ -197,22 +197,6 @@ private slots:
         QCOMPARE(form.control("txtTimer")->property("enabled").toBool(), dwellTime);
     }
 
-    void versionItemComesBackEnabled()
-    {
-        FlatForm form;
-        MainWindowLock lock(&form);
-        QObject* version = form.control("mnuShowCtversion");
-        version->setProperty("enabled", false);
-        lock.Menyu_Muko();
-        QVERIFY(!version->property("enabled").toBool());
-        version->setProperty("enabled", true);
-        lock.Menyu_Muko();
-        QVERIFY(version->property("enabled").toBool());
-        version->setProperty("enabled", false);
-        lock.Menyu_Yuko();
-        QVERIFY(version->property("enabled").toBool());
-    }
-
     void everyNamedControlExistsOnTheMainWindow()
     {
         MainWindow w;

@@ -201,19 +201,6 @@ private slots:
         QVERIFY(!rig.link.isPortOpen());
     }
 
-    void versionText_data()
-    {
-        QTest::addColumn<QString>("digits");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("100") << "100" << "1.00";
-        QTest::newRow("213") << "213" << "2.13";
-    }
-    void versionText()
-    {
-        QFETCH(QString, digits);
-        QTEST(VersionQuery::versionText(digits), "text");
-    }
-
     void versionQuery()
     {
         SequenceRig rig;
@@ -229,16 +216,6 @@ private slots:
         QCOMPARE(rig.prompter.texts(), QStringList{"The version of this controller is 1.23."});
         QCOMPARE(rig.lock.calls, HeldAround);
         QVERIFY(!rig.link.isPortOpen());
-    }
-
-    void versionQueryInJapanese()
-    {
-        SequenceRig rig;
-        ProgramState::instance().gMsgBase = 0;
-        rig.port.answer("0CM6", "0CM6\r\n");
-        rig.port.answer("0RV", "0RVK01100\r\n");
-        QCOMPARE(VersionQuery(rig.context).run(), 0);
-        QCOMPARE(rig.prompter.texts(), QStringList{"このｺﾝﾄﾛｰﾗのﾊﾞｰｼﾞｮﾝは、1.00です。"});
     }
 
     // A controller that does not know "0RV" is asked in the older form,
