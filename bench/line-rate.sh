@@ -59,32 +59,26 @@ sed 's/^"28\([A-Z][0-9]*"\)/"20\1/' "$work/size28.pmt" >"$work/size20.pmt"
 grep -q '^"20[A-Z]' "$work/size20.pmt" || { echo "no motor code of size 28 in the parameter file" >&2; exit 1; }
 ktrctl opdata read -o "$work/data.qmd" >/dev/null
 
-# One trace: the time without the deliberate pause, characters both ways,
-# time from the first frame to the last line, idle time between a line
-# received and the next frame sent, and apart from that the time spent
-# before the frame named by the second argument, where the sequence pauses
-# on purpose.
+# One trace: the time from the first frame to the last line, characters
+# both ways, and the idle time between a line received and the next frame
+# sent. ktrctl has no window, so no sequence pauses on purpose.
 trace_figures() {
-    awk -v paused="$2" '/^\+[0-9]+\.[0-9][0-9][0-9] [<>] / {
+    awk '/^\+[0-9]+\.[0-9][0-9][0-9] [<>] / {
         split(substr($1, 2), t, ".")
         ms = t[1] * 1000 + t[2]
         chars += length($0) - length($1 " " $2 " ") + 2
         if (first == "" && $2 == ">") first = ms
         if ($2 == "<") last = ms
-        if ($2 == ">" && received != "") {
-            if (paused != "" && index($3, paused) == 1) pause += ms - received
-            else idle += ms - received
-        }
+        if ($2 == ">" && received != "") idle += ms - received
         received = ($2 == "<") ? ms : ""
     }
-    END { printf "%d %d %d %d %d\n", last - first - pause, chars, last - first, idle, pause }' "$1"
+    END { printf "%d %d %d\n", last - first, chars, idle }' "$1"
 }
 
-# name, the frame before which the sequence pauses on purpose (or ""), and
-# the ktrctl command.
+# name and the ktrctl command.
 table_row() {
-    local name=$1 paused=$2
-    shift 2
+    local name=$1
+    shift
     : >"$work/figures"
     for _ in $(seq "$runs"); do
         ktrctl --trace "$@" >/dev/null 2>"$work/trace" || {
@@ -92,19 +86,19 @@ table_row() {
             cat "$work/trace" >&2
             exit 1
         }
-        trace_figures "$work/trace" "$paused" >>"$work/figures"
+        trace_figures "$work/trace" >>"$work/figures"
     done
-    # Runs ordered by their time without the pause; the mean of the middle
-    # half keeps a run that another program held up from counting.
+    # Runs ordered by their time; the mean of the middle half keeps a run
+    # that another program held up from counting.
     sort -n "$work/figures" | awk -v name="$name" '
-        { chars = $2; ms[NR] = $3; idle[NR] = $4; pause[NR] = $5 }
+        { ms[NR] = $1; chars = $2; idle[NR] = $3 }
         END {
             low = int(NR / 4) + 1; high = NR - int(NR / 4)
-            for (i = low; i <= high; ++i) { m += ms[i]; g += idle[i]; w += pause[i] }
-            n = high - low + 1; m /= n; g /= n; w /= n
+            for (i = low; i <= high; ++i) { m += ms[i]; g += idle[i] }
+            n = high - low + 1; m /= n; g /= n
             limit = chars * 10 * 1000 / 9600
-            printf "%-18s %5d %7.1f %7.1f %6.1f %6.1f %6.3f %6.3f  %s\n", name, chars, limit,
-                m, g, w, m / limit, (m - w) / limit, ((m - w) / limit <= 1.05 ? "ok" : "ABOVE")
+            printf "%-18s %5d %7.1f %7.1f %6.1f %6.3f  %s\n", name, chars, limit, m, g, m / limit,
+                (m / limit <= 1.05 ? "ok" : "ABOVE")
         }'
 }
 
@@ -168,20 +162,16 @@ echo "Line rate on ktr-sim --pty --pace (9600 bit/s, 10 bits a character)"
 echo "$runs runs of each operation; figures are the mean of the middle half of the runs by time"
 echo "load average before: $load_before"
 echo "times in ms. line: characters x 10 bits / 9600 bit/s; meas: first frame to last line;"
-echo "idle: from a line to the next frame; pause: the sequence's deliberate pause (part of meas,"
-echo "not of idle); ratio: meas / line; bare: (meas - pause) / line, the figure held to 1.05"
-printf "%-18s %5s %7s %7s %6s %6s %6s %6s\n" operation chars line meas idle pause ratio bare
-table_row "ktrctl version" "" version
-table_row "params read" "" params read
-table_row "params write (28)" "" params write "$work/size28.pmt"
-table_row "params write (20)" "" params write "$work/size20.pmt" --current 1.5
-table_row "params verify" "" params verify "$work/size20.pmt"
-# Before "0RP" the transfer window shows its first step for a moment (the
-# original counted to 400000 there); the pause after the reply falls after
-# the last line.
-table_row "opdata read" 0RP opdata read
-table_row "opdata write" "" opdata write "$work/data.qmd"
-table_row "io (one poll)" "" io
+echo "idle: from a line to the next frame; ratio: meas / line, the figure held to 1.05"
+printf "%-18s %5s %7s %7s %6s %6s\n" operation chars line meas idle ratio
+table_row "ktrctl version" version
+table_row "params read" params read
+table_row "params write (28)" params write "$work/size28.pmt"
+table_row "params write (20)" params write "$work/size20.pmt" --current 1.5
+table_row "params verify" params verify "$work/size20.pmt"
+table_row "opdata read" opdata read
+table_row "opdata write" opdata write "$work/data.qmd"
+table_row "io (one poll)" io
 echo
 watch_cpu
 timeout_cpu

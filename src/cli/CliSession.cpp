@@ -37,11 +37,6 @@ SerialPort* CliSession::makePort(const GlobalOptions& options, QObject* parent)
     return new QtSerialPort(parent);
 }
 
-void CliSession::loadErrorList()
-{
-    m_errors.Get_ErrorList(m_prompter);
-}
-
 void CliSession::report(const QString& text)
 {
     m_err << text << '\n';

@@ -32,9 +32,8 @@ public:
     Prompter& prompter() { return m_prompter; }
     Interrupt& interrupt() { return m_interrupt; }
 
-    // Reads the error list as the desktop tool does at start (a missing list
-    // is reported and the run goes on).
-    void loadErrorList();
+    // The controller's error texts, read before a command talks to it.
+    ErrorList& errors() { return m_errors; }
 
     QTextStream& out() { return m_out; }
     QTextStream& err() { return m_err; }

@@ -11,12 +11,14 @@ class CliSession;
 // One command of ktrctl: its name (one or more words, such as "check" or
 // "params read"), the message id of its line in the help, whether it talks
 // to the controller, and what it does with the arguments after its name.
-// run returns the exit status.
+// run returns the exit status. A command may add lines that only its own
+// help shows (0: none).
 struct CliCommand {
     QString name;
     int usageMessage = 0;
     bool usesLink = true;
     std::function<int(CliSession& session, const QStringList& args)> run;
+    int detailMessage = 0;
 };
 
 // The commands of ktrctl. Each group of commands lives in its own file and

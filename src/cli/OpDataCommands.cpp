@@ -26,6 +26,8 @@ constexpr int InvalidValue = 4814;
 constexpr int FileOrValues = 4522;
 constexpr int Missing = 4523;
 constexpr int PdfNotWritten = 4525;
+constexpr int ValuesOnStdout = 5302;
+constexpr int IoWatchDetail = 5303;
 
 const QString OutputOption = QStringLiteral("-o");
 const QString DirOption = QStringLiteral("--dir");
@@ -39,7 +41,23 @@ struct Range {
 // The ranges the page's entry rules leave.
 const QList<Range> ValueRanges = {{1, 30}, {1, 3}, {2, 100}, {1, 100}};
 
-// opdata read [-o FILE.qmd]
+void printValues(CliSession& session, const OpDataState& state)
+{
+    OpDataScreen screen;
+    OpDataHyoji::PosiDataHyoji(state.PosiData, screen);
+    OpDataHyoji::ChoicesFromValues(screen);
+    QTextStream& out = session.out();
+    out << "VEL=" << screen.txtVEL << '\n'
+        << "ACC=" << screen.txtACC << '\n'
+        << "DIR=" << (screen.optCW ? "CW" : "CCW") << '\n'
+        << "DIVISION=" << screen.txtDIVISION << '\n'
+        << "GEAR=" << screen.txtGEAR << '\n'
+        << "SPEED=" << screen.comboVEL << '\n';
+}
+
+// opdata read [-o FILE.qmd]. A file that cannot be written has been
+// reported with its name and the reason; the values go to stdout instead,
+// so that the read is not lost.
 int readCommand(CliSession& session, const QStringList& args)
 {
     CommandArguments parsed({OutputOption}, {}, 0);
@@ -57,18 +75,13 @@ int readCommand(CliSession& session, const QStringList& args)
     if (parsed.has(OutputOption)) {
         const SequenceContext& ctx = session.context();
         OpDataFileCommands files(ctx.prompter, ctx.lock, ctx.progress, ctx.files, state, view);
-        return files.SaveFileAs(parsed.value(OutputOption)) == 0 ? ExitDone : ExitUsage;
+        if (files.SaveFileAs(parsed.value(OutputOption)) == 0)
+            return ExitDone;
+        session.report(Msg(ValuesOnStdout));
+        printValues(session, state);
+        return ExitLinkFailed;
     }
-    OpDataScreen screen;
-    OpDataHyoji::PosiDataHyoji(state.PosiData, screen);
-    OpDataHyoji::ChoicesFromValues(screen);
-    QTextStream& out = session.out();
-    out << "VEL=" << screen.txtVEL << '\n'
-        << "ACC=" << screen.txtACC << '\n'
-        << "DIR=" << (screen.optCW ? "CW" : "CCW") << '\n'
-        << "DIVISION=" << screen.txtDIVISION << '\n'
-        << "GEAR=" << screen.txtGEAR << '\n'
-        << "SPEED=" << screen.comboVEL << '\n';
+    printValues(session, state);
     return ExitDone;
 }
 
@@ -165,5 +178,5 @@ void addOpDataCommands(CommandRegistry& registry)
     registry.add({QStringLiteral("opdata print"), 4513, false, printCommand});
     registry.add({QStringLiteral("home"), 4514, true, home});
     registry.add({QStringLiteral("move"), 4515, true, move});
-    registry.add({QStringLiteral("io"), 4516, true, io});
+    registry.add({QStringLiteral("io"), 4516, true, io, IoWatchDetail});
 }

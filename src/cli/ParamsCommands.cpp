@@ -3,6 +3,7 @@
 #include "cli/CliSession.h"
 #include "cli/CommandRegistry.h"
 #include "cli/ExitStatus.h"
+#include "cli/ListFiles.h"
 #include "cli/ParamsArguments.h"
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
@@ -36,6 +37,7 @@ constexpr int CurrentNeeded = 4315;
 constexpr int CurrentNotTaken = 4316;
 constexpr int MissingArgument = 4317;
 constexpr int CannotWrite = 4318;
+constexpr int ValuesOnStdout = 5302;
 
 // A parameter file as the page holds it after Open. A file that cannot be
 // taken in whole is refused here (message 681), before anything is sent.
@@ -78,30 +80,52 @@ int printReport(CliSession& session, const CtParaImage& image, const ParaSet& se
     return result == 0 ? ExitDone : ExitDiffer;
 }
 
+void printValues(CliSession& session, const ParaSet& set)
+{
+    for (const ParaMapRow* row : NamedParaRows())
+        session.out() << row->name << u'=' << ParaEntryValue(set, ComparedEntry(*row)).toString() << '\n';
+}
+
+// The values read go to the file, or to stdout when the file cannot be
+// written, so that a read is never lost.
+int keepValues(CliSession& session, const ParamsArguments& arguments, ParaSet& set)
+{
+    if (!arguments.has(Output)) {
+        printValues(session, set);
+        return ExitDone;
+    }
+    const QString path = arguments.value(Output);
+    QString error;
+    if (SaveParaFile(path, set, &error) != 0) {
+        session.prompter().tell(Msg(13));
+        session.report(Msg(CannotWrite).arg(path, error));
+        session.report(Msg(ValuesOnStdout));
+        printValues(session, set);
+        return ExitLinkFailed;
+    }
+    session.prompter().tell(Msg(14));
+    return ExitDone;
+}
+
+// Parameters that were read are kept even when the current that follows
+// them was not (its message has been given): the exit status says so.
 int readParams(CliSession& session, const QStringList& args)
 {
     ParamsArguments arguments({Output}, {});
     if (const int bad = arguments.parse(session, args))
         return bad;
+    if (const int missing = requireDeviceList(session))
+        return missing;
     ParaData data;
     ParaScreen screen;
     DeviceList devices;
-    const int result = ParaReadCommand(session.context(), data, devices).GetParametaValue(screen);
+    ParaReadCommand read(session.context(), data, devices);
+    const int result = read.GetParametaValue(screen);
     session.link().CloseCommPort();
-    if (result != 0)
+    if (!read.parametersShown())
         return ExitLinkFailed;
-
-    if (arguments.has(Output)) {
-        if (SaveParaFile(arguments.value(Output), data.set) != 0) {
-            session.prompter().tell(Msg(13));
-            return ExitUsage;
-        }
-        session.prompter().tell(Msg(14));
-        return ExitDone;
-    }
-    for (const ParaMapRow* row : NamedParaRows())
-        session.out() << row->name << u'=' << ParaEntryValue(data.set, ComparedEntry(*row)).toString() << '\n';
-    return ExitDone;
+    const int kept = keepValues(session, arguments, data.set);
+    return result == 0 ? kept : ExitLinkFailed;
 }
 
 // The operating current of the special actuator: required for it, refused

@@ -7,6 +7,7 @@
 #include "cli/GlobalOptions.h"
 #include "cli/Interrupt.h"
 #include "cli/LinkCommands.h"
+#include "cli/ListFiles.h"
 #include "cli/OpDataCommands.h"
 #include "cli/ParamsCommands.h"
 #include "common/MessageTable.h"
@@ -31,6 +32,8 @@ constexpr int NoCommand = 4816;
 constexpr int UnknownCommand = 4817;
 constexpr int VersionLine = 4820;
 constexpr int Interrupted = 4822;
+
+const QString HelpOption = QStringLiteral("--help");
 
 // Every group of commands adds itself here.
 void registerCommands(CommandRegistry& registry)
@@ -67,6 +70,16 @@ void printHelp(QTextStream& out, const CommandRegistry& registry)
     out << '\n' << Msg(CommandsHeading) << '\n';
     for (const CliCommand& command : registry.commands())
         out << Msg(command.usageMessage) << '\n';
+    out << '\n' << Msg(ExitStatusLine) << '\n';
+}
+
+// ktrctl COMMAND --help: the usage line, the command's own lines, the exit
+// statuses.
+void printCommandHelp(QTextStream& out, const CliCommand& command)
+{
+    out << Msg(HelpFirst) << "\n\n" << Msg(command.usageMessage) << '\n';
+    if (command.detailMessage != 0)
+        out << Msg(command.detailMessage) << '\n';
     out << '\n' << Msg(ExitStatusLine) << '\n';
 }
 
@@ -127,11 +140,17 @@ int main(int argc, char* argv[])
         return session.usageError(Msg(NoCommand));
     if (!command)
         return session.usageError(Msg(UnknownCommand).arg(options.command.first()));
+    if (args.contains(HelpOption)) {
+        printCommandHelp(session.out(), *command);
+        return ExitDone;
+    }
 
     if (options.trace)
         new FrameTrace(session.link(), clock, session.err(), &session);
-    if (command->usesLink)
-        session.loadErrorList();
+    if (command->usesLink) {
+        if (const int missing = requireErrorList(session))
+            return missing;
+    }
     const int status = command->run(session, args);
     if (Waiter::aborted()) {
         session.report(Msg(Interrupted));

@@ -42,5 +42,10 @@ public:
     virtual void showTransfer(const QString& text, int maximum) { (void)text; (void)maximum; }
     virtual void setTransferProgress(int value) { (void)value; }
     virtual void hideTransfer() {}
+
+    // Whether someone watches this display. The short pauses after a step
+    // exist only so that the step can be seen; without a window they would
+    // only slow the work down.
+    virtual bool watched() const { return false; }
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 // Where the shipped data files (device list, standard parameter list, error
 // lists, help) are found: beside the executable first (a build tree), then
@@ -11,6 +12,8 @@ public:
     // The full path of the named file; beside the executable when it exists
     // nowhere (so the caller's own "missing file" message names that place).
     static QString path(const QString& name);
+    // The folders path() looks in, in its order.
+    static QStringList folders();
 
     // Tests point the program folder somewhere else.
     static void setProgramFolder(const QString& folder);

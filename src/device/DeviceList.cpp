@@ -14,7 +14,7 @@ namespace {
 
 QString listPath()
 {
-    return DataFiles::path(QStringLiteral("nqmdevice.lst"));
+    return DataFiles::path(DeviceList::fileName());
 }
 
 QString sizeKeyOf(const QString& code)

@@ -30,6 +30,8 @@ public:
     static constexpr int MaxRecords = 70;
     static constexpr int MaxSizeKinds = 6;
 
+    static QString fileName() { return QStringLiteral("nqmdevice.lst"); }
+
     // 0 when the file was read. 1 after any failure (missing file, a count
     // that is not a number, more than 70 records, more than six size kinds):
     // messages 15 and 16 are shown, gDevListMissing is set, and what was

@@ -3,7 +3,6 @@
 #include "common/ControlLock.h"
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
-#include "common/Waiter.h"
 #include "link/CommandSet.h"
 #include "link/Link.h"
 #include "link/Prompter.h"
@@ -87,7 +86,7 @@ int ReadFromCt::ReadPosidataFromCt()
 
     TransferProgress progress(m_ctx.progress);
     progress.show(Msg(ReadingText), TransferSteps);
-    Waiter::sleep(TransferProgress::PauseMs);
+    progress.pause();
     progress.step(1);
     if (m_ctx.commands.ReadPosition(RecordNo) != 0) {
         m_ctx.link.CloseCommPort();
@@ -97,7 +96,7 @@ int ReadFromCt::ReadPosidataFromCt()
     const QString reply = m_ctx.commands.reply();
     progress.step(2);
     progress.step(3);
-    Waiter::sleep(TransferProgress::PauseMs);
+    progress.pause();
     progress.hide();
 
     if (!OpDataRecord::parseReply(reply, m_state.PosiDataRead)) {

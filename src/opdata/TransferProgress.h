@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/ControlLock.h"
+#include "common/Waiter.h"
 
 #include <QString>
 
@@ -23,6 +24,13 @@ public:
     {
         m_display.setTransferProgress(value);
         m_display.setProgress(value);
+    }
+    // Keeps the step in sight for a moment; a display nobody watches does
+    // not wait.
+    void pause()
+    {
+        if (m_display.watched())
+            Waiter::sleep(PauseMs);
     }
     void hide()
     {

@@ -3,7 +3,6 @@
 #include "common/ControlLock.h"
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
-#include "common/Waiter.h"
 #include "link/CommandSet.h"
 #include "link/Link.h"
 #include "link/Prompter.h"
@@ -98,7 +97,7 @@ int WriteToCt::WritePosidataToCt()
         return 1;
     }
     progress.step(TransferSteps);
-    Waiter::sleep(TransferProgress::PauseMs);
+    progress.pause();
     progress.hide();
     return 0;
 }

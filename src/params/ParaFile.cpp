@@ -88,7 +88,7 @@ bool readSections(SeqReader& in, int sectionCount, CtParaImage& image)
 
 } // namespace
 
-int SaveParaFile(const QString& path, ParaSet& set)
+int SaveParaFile(const QString& path, ParaSet& set, QString* errorString)
 {
     set.axis.motorCode = MotorCodeText(set.axis.sizeText, set.axis.letter, set.axis.motorNumber);
 
@@ -100,7 +100,7 @@ int SaveParaFile(const QString& path, ParaSet& set)
         for (int entry = section.firstEntry; entry < section.firstEntry + section.count; ++entry)
             writeValue(out, ParaEntryValue(set, entry));
     }
-    return AtomicFile::write(path, out.bytes()) ? 0 : 1;
+    return AtomicFile::write(path, out.bytes(), errorString) ? 0 : 1;
 }
 
 int LoadParaFile(const QString& path, CtParaImage& image, Prompter& prompter)

@@ -15,8 +15,8 @@ class Prompter;
 // Writes the set to path, replacing the file in one step (a failed write
 // leaves the old file as it was). The motor code is rebuilt from the size
 // text, letter and motor number first, and kept in the set.
-// 0 on success, 1 when the file could not be written.
-int SaveParaFile(const QString& path, ParaSet& set);
+// 0 on success, 1 when the file could not be written (errorString says why).
+int SaveParaFile(const QString& path, ParaSet& set, QString* errorString = nullptr);
 
 // Reads a parameter file into the image, entry by entry as a controller read
 // fills it. Entry 0 receives the file's name; the motor code pieces (37 to

@@ -59,6 +59,7 @@ int ParaReadCommand::GetParametaValue(ParaScreen& screen)
     }
     ParametaHyoji(m_data.set, screen);
     m_data.paraEdited = false;
+    m_shown = true;
     try {
         return GetSPdenryu(m_ctx, screen);
     } catch (const RuntimeError&) {

@@ -28,8 +28,13 @@ public:
     // the read stopped or the current could not be read or shown.
     int GetParametaValue(ParaScreen& screen);
 
+    // Whether the parameters were taken in and shown, even when the current
+    // that follows them could not be: what was read is not lost then.
+    bool parametersShown() const { return m_shown; }
+
 private:
     SequenceContext& m_ctx;
     ParaData& m_data;
     DeviceList& m_devices;
+    bool m_shown = false;
 };

@@ -14,11 +14,10 @@ constexpr double ValueX = 80;
 constexpr double RuleLeftX = 10;
 constexpr int TitleRow = 1;
 constexpr int RuleRow = 2;
-// The footer sits at the foot of the page, above a short bottom margin.
-constexpr int FooterRowsFromBottom = 3;
 
 constexpr int TitleMsg = 4730;
 constexpr int FileNameMsg = 25;
+constexpr int ProposedFileMsg = 3006;
 constexpr int NewGenerationMsg = 148;
 constexpr int OldGenerationMsg = 149;
 constexpr int ScreenSourceMsg = 4731;
@@ -71,16 +70,16 @@ QString OpDataPrintout::currentText() const
     return current.isEmpty() ? QString() : Msg(AmperesMsg).arg(current);
 }
 
-void OpDataPrintout::render(QPaintDevice& device)
+QString OpDataPrintout::pdfFileName() const
 {
-    PrintCanvas canvas(device);
+    return pdfNameFor(m_data.fromFile ? m_data.fileName : Msg(ProposedFileMsg));
+}
+
+void OpDataPrintout::draw(PrintCanvas& canvas)
+{
     drawHeading(canvas);
     drawSections(canvas);
-    const PageMetrics& m = canvas.metrics();
-    const int footerRow = m.gPageRows2 - FooterRowsFromBottom;
-    PrintFooter(m_printedAt).draw(canvas, footerRow * m.gLinePitch2,
-                                  (footerRow + 1) * m.gLinePitch2);
-    canvas.finish();
+    PrintFooter(m_printedAt).draw(canvas);
 }
 
 void OpDataPrintout::drawHeading(PrintCanvas& canvas) const

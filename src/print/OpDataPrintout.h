@@ -18,13 +18,17 @@ public:
     explicit OpDataPrintout(const OpDataPrintData& data,
                             const QDateTime& printedAt = QDateTime::currentDateTime());
 
-    void render(QPaintDevice& device) override;
+    // The operation data file's name, or the proposed one for the screen.
+    QString pdfFileName() const override;
 
     // "File Name:" with the file and its format generation, or the screen.
     QString sourceText() const;
     // 360 degrees over the divisions; empty while the divisions are not a
     // whole number of at least 1.
     QString stepAngleText() const;
+
+protected:
+    void draw(PrintCanvas& canvas) override;
 
 private:
     void drawHeading(PrintCanvas& canvas) const;

@@ -14,10 +14,10 @@ constexpr double ValueX = 80;
 constexpr double RuleLeftX = 10;
 constexpr int TitleRow = 1;
 constexpr int RuleRow = 2;
-constexpr int FooterRow = 29;
 
 constexpr int TitleMsg = 4700;
 constexpr int FileNameMsg = 25;
+constexpr int ProposedFileMsg = 4302;
 constexpr int SpecialSizeMsg = 4721;
 constexpr int MotorEntry = 7;
 
@@ -86,14 +86,18 @@ QString ParaPrintout::motorText(const QVariant& value)
     return size == QStringLiteral("20") ? Msg(SpecialSizeMsg) : size;
 }
 
-void ParaPrintout::render(QPaintDevice& device)
+QString ParaPrintout::pdfFileName() const
 {
-    PrintCanvas canvas(device);
+    if (ProgramState::instance().gPrintFromFile)
+        return pdfNameFor(m_list[0].toString());
+    return pdfNameFor(Msg(ProposedFileMsg));
+}
+
+void ParaPrintout::draw(PrintCanvas& canvas)
+{
     drawHeading(canvas);
     drawSections(canvas);
-    const int pitch = canvas.metrics().gLinePitch;
-    PrintFooter(m_printedAt).draw(canvas, FooterRow * pitch, (FooterRow + 1) * pitch);
-    canvas.finish();
+    PrintFooter(m_printedAt).draw(canvas);
     ProgramState::instance().gMotorCode = m_list[MotorEntry].toString().left(2);
 }
 

@@ -18,7 +18,8 @@ public:
     explicit ParaPrintout(const PrintParaList& list,
                           const QDateTime& printedAt = QDateTime::currentDateTime());
 
-    void render(QPaintDevice& device) override;
+    // The parameter file's name, or the proposed one when printing the page.
+    QString pdfFileName() const override;
 
     // A switch value by its leading number: 0, 1, ... give the texts of
     // those messages; any other value is printed as it is.
@@ -26,6 +27,9 @@ public:
     // The motor size: the first two characters of the motor code, with the
     // special actuator's "20" printed as "SP".
     static QString motorText(const QVariant& value);
+
+protected:
+    void draw(PrintCanvas& canvas) override;
 
 private:
     void drawHeading(PrintCanvas& canvas) const;

@@ -14,6 +14,8 @@ PrintCanvas::PrintCanvas(QPaintDevice& device)
     , m_pxPerMmX(device.logicalDpiX() / MmPerInch)
     , m_pxPerMmY(device.logicalDpiY() / MmPerInch)
 {
+    if (!started())
+        return;
     m_painter.setFont(PrintFont::make());
     m_painter.setPen(QPen(Qt::black, RuleWidthMm * m_pxPerMmY));
     // The height of a line of text is the text extent of "A".
@@ -43,9 +45,9 @@ double PrintCanvas::textWidth(const QString& text) const
     return fontMetrics().horizontalAdvance(text) / m_pxPerMmX;
 }
 
-void PrintCanvas::finish()
+bool PrintCanvas::finish()
 {
-    m_painter.end();
+    return m_painter.end();
 }
 
 QString PrintCanvas::elided(const QString& text, double widthMm) const

@@ -16,6 +16,10 @@ class PrintCanvas {
 public:
     explicit PrintCanvas(QPaintDevice& device);
 
+    // False when the device would not open for drawing (a printer that is
+    // not there); nothing can be drawn then.
+    bool started() const { return m_painter.isActive(); }
+
     const PageMetrics& metrics() const { return m_metrics; }
 
     void text(double xMm, double yMm, const QString& text);
@@ -24,8 +28,9 @@ public:
     // The text shortened in its middle to fit the width.
     QString elided(const QString& text, double widthMm) const;
 
-    // Sends the page: nothing may be drawn after this.
-    void finish();
+    // Sends the page: nothing may be drawn after this. False when the
+    // device failed to take it.
+    bool finish();
 
 private:
     QPointF toDevice(double xMm, double yMm) const;

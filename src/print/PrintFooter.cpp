@@ -7,7 +7,10 @@
 namespace {
 constexpr int FooterMsg = 4722;
 constexpr double RuleLeftMm = 10;
-}
+// The footer sits at the foot of the page, above a short bottom margin,
+// counted in the looser line pitch.
+constexpr int FooterRowsFromBottom = 3;
+} // namespace
 
 QString PrintFooter::text() const
 {
@@ -15,12 +18,13 @@ QString PrintFooter::text() const
                               ProgramVersionText());
 }
 
-void PrintFooter::draw(PrintCanvas& canvas, double textTopMm, double ruleMm) const
+void PrintFooter::draw(PrintCanvas& canvas) const
 {
+    const PageMetrics& m = canvas.metrics();
+    const int row = m.gPageRows2 - FooterRowsFromBottom;
     // Two blanks keep the text clear of the edge; the whole is measured so
     // that it ends where the rules end, whatever the language.
     const QString closing = QStringLiteral("  ") + text();
-    const double rightEdge = canvas.metrics().gRightEdge;
-    canvas.text(rightEdge - canvas.textWidth(closing), textTopMm, closing);
-    canvas.rule(ruleMm, RuleLeftMm, rightEdge);
+    canvas.text(m.gRightEdge - canvas.textWidth(closing), row * m.gLinePitch2, closing);
+    canvas.rule((row + 1) * m.gLinePitch2, RuleLeftMm, m.gRightEdge);
 }

@@ -2,6 +2,8 @@
 #include "support/PtyController.h"
 #include "support/SimProcess.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QTest>
 
 namespace {
@@ -27,13 +29,6 @@ private slots:
         QCOMPARE(run.out, QStringLiteral("1.00\n"));
         QCOMPARE(traceLines(run.err), (QStringList{"> 0CM6", "< 0CM6", "> 0RV", "< 0RVK01100"}));
         QVERIFY(run.err.contains(QStringLiteral("\nThe version of this controller is 1.00.\n")));
-    }
-
-    void messagesInJapanese()
-    {
-        const CtlRun run = KtrctlProcess::run({"--lang", "ja", "--simulator", "version"});
-        QCOMPARE(run.exitCode, 0);
-        QCOMPARE(run.err, QStringLiteral("このｺﾝﾄﾛｰﾗのﾊﾞｰｼﾞｮﾝは、1.00です。\n"));
     }
 
     void statusAndResetAndCheck()
@@ -76,13 +71,46 @@ private slots:
         QVERIFY(run.out.isEmpty());
     }
 
+    // The whole help lists every command; each command's own shows its line.
     void helpListsTheCommands()
     {
         const CtlRun run = KtrctlProcess::run({"--lang", "en", "--help"});
         QCOMPARE(run.exitCode, 0);
-        for (const char* command : {"check", "version", "status", "reset"})
-            QVERIFY2(QRegularExpression(QStringLiteral("\n  %1 ").arg(QLatin1String(command))).match(run.out).hasMatch(), command);
         QVERIFY(run.out.startsWith(QStringLiteral("Usage: ktrctl")));
+        for (const char* command : {"check", "version", "status", "reset", "params read", "params write", "params verify",
+                                    "params diff", "params print", "opdata read", "opdata write", "opdata print", "home",
+                                    "move", "io"}) {
+            QVERIFY2(run.out.contains(QStringLiteral("\n  %1 ").arg(QLatin1String(command))), command);
+            const CtlRun own = KtrctlProcess::run(QString::fromLatin1(command).split(u' ') << "--help");
+            QCOMPARE(own.exitCode, 0);
+            QVERIFY2(own.out.contains(QStringLiteral("\n  %1 ").arg(QLatin1String(command))), qPrintable(own.err));
+        }
+        const CtlRun io = KtrctlProcess::run({"io", "--help"});
+        QVERIFY(io.out.contains(QStringLiteral("--watch prints the line once at start and again on every change")));
+    }
+
+    // A list file that is missing or broken is named, with where it was
+    // looked for, before anything is sent (a frame would be traced first).
+    void listFilesAreCheckedFirst()
+    {
+        QTemporaryDir dir;
+        const QString program = dir.filePath(QStringLiteral("ktrctl"));
+        QVERIFY(QFile::copy(QStringLiteral(KTRCTL_PATH), program));
+        const QList<QPair<QString, QString>> steps = {
+            {"ja", QStringLiteral("リストファイル errorjpn.lst が見つかりません。次の場所を探しました:\n  %1\n").arg(dir.path())},
+            {"en", QStringLiteral("The list file nqmdevice.lst was not found. It was looked for in:\n  %1\n").arg(dir.path())},
+            {"en", QStringLiteral("The list file %1 could not be read").arg(dir.filePath("nqmdevice.lst"))}};
+        for (const auto& [language, message] : steps) {
+            KtrctlProcess ktrctl;
+            ktrctl.start({"--lang", language, "--simulator", "--trace", "params", "read"}, program);
+            const CtlRun read = ktrctl.finish();
+            QVERIFY2(read.exitCode == 2 && read.err.startsWith(message) && read.out.isEmpty(), qPrintable(read.err));
+            // The next step finds the file this one missed, or a broken device list.
+            if (!QFile::exists(dir.filePath("erroreng.lst")))
+                QVERIFY(QFile::copy(QFileInfo(QStringLiteral(KTRCTL_PATH)).dir().filePath("erroreng.lst"), dir.filePath("erroreng.lst")));
+            else
+                writeFile(dir, QStringLiteral("nqmdevice.lst"), "\"28L-100\"\r\n");
+        }
     }
 
     void portThatCannotOpen()

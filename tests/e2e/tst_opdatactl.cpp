@@ -62,6 +62,9 @@ private slots:
         QCOMPARE(read.exitCode, 0);
         QCOMPARE(sentFrames(read.err), (QStringList{"0CM6", "0RP01"}));
         QTEST(linesOf(read.out), "readBack");
+        // No window shows the transfer, so nothing pauses for the eye.
+        const QList<TraceFrame> frames = traceFrames(read.err);
+        QVERIFY2(frames[2].ms - frames[1].ms < 80, qPrintable(read.err));
     }
 
     void readIntoAFile()
@@ -75,6 +78,12 @@ private slots:
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll(),
                  QByteArray("\"QM-B4\",\"Position\"\r\n\"\",\"NEW\"\r\n0,\"300\",\"1\",\"0\",\"0\",\"0\",\"12\",\"1\",\"\"\r\n"));
+
+        // A file that cannot be written does not lose the read.
+        const QString nowhere = dir.filePath(QStringLiteral("missing/KTRdata.qmd"));
+        const CtlRun lost = KtrctlProcess::run({"--simulator", "opdata", "read", "-o", nowhere});
+        QVERIFY2(lost.exitCode == 1 && lost.err.contains(nowhere), qPrintable(lost.err));
+        QCOMPARE(linesOf(lost.out), (QStringList{"VEL=300", "ACC=1", "DIR=CW", "DIVISION=12", "GEAR=1", "SPEED=1"}));
     }
 
     void homeWaitsForTheEnd()

@@ -108,6 +108,29 @@ private slots:
         QFile saved(files.filePath(QStringLiteral("read.pmt")));
         QVERIFY(saved.open(QIODevice::ReadOnly));
         QCOMPARE(saved.readAll(), paraFile(QStringLiteral("28"), 10));
+
+        // A file that cannot be written does not lose the read.
+        const QString nowhere = files.filePath(QStringLiteral("missing/read.pmt"));
+        const CtlRun lost = KtrctlProcess::run({"--simulator", "params", "read", "-o", nowhere});
+        QVERIFY2(lost.exitCode == 1 && lost.err.contains(QStringLiteral("Cannot write %1: ").arg(nowhere)), qPrintable(lost.err));
+        QCOMPARE(lost.out, read.out);
+    }
+
+    // 1.5 A is beyond the display's 16-bit arithmetic: the parameters read
+    // are still printed, and the exit status tells that not all was shown.
+    void currentTooLargeKeepsTheParameters()
+    {
+        QTemporaryDir files;
+        const QString file = writeFile(files, QStringLiteral("sp.pmt"), paraFile(QStringLiteral("20"), 33));
+        SimProcess sim(QStringLiteral(KTRSIM_PATH));
+        QVERIFY2(sim.start(), sim.standardError().constData());
+        QCOMPARE(KtrctlProcess::run({"--port", sim.devicePath(), "params", "write", file, "--current", "1.5"}).exitCode, 0);
+
+        const CtlRun read = KtrctlProcess::run({"--port", sim.devicePath(), "params", "read"});
+        QCOMPARE(read.exitCode, 1);
+        QVERIFY(read.err.contains(QStringLiteral("The operating current in the controller is too large to be shown.")));
+        QCOMPARE(linesOf(read.out).size(), 22);
+        QVERIFY(read.out.contains(QStringLiteral("\nVEL=33\n")) && read.out.contains(QStringLiteral("\nMOTOR=20L100\n")));
     }
 
     void diffComparesTwoFiles_data()

@@ -78,9 +78,7 @@ private slots:
         QTest::addColumn<bool>("old");
         QTest::addColumn<int>("msgBase");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("screen") << false << false << 10000 << "Data on screen";
         QTest::newRow("new file") << true << false << 10000 << "File Name:KTRdata.qmd (New)";
-        QTest::newRow("old file") << true << true << 10000 << "File Name:KTRdata.qmd (Old)";
         QTest::newRow("old file, Japanese") << true << true << 0
                                             << "ファイル名：KTRdata.qmd (旧形式)";
     }
@@ -132,7 +130,6 @@ private slots:
         QTest::addColumn<QString>("division");
         QTest::addColumn<QString>("angle");
         QTest::newRow("7") << "7" << "51.429 deg";
-        QTest::newRow("100") << "100" << "3.600 deg";
         QTest::newRow("2") << " 2 " << "180.000 deg";
         QTest::newRow("zero") << "0" << "";
         QTest::newRow("fraction") << "2.5" << "";
@@ -144,20 +141,6 @@ private slots:
         OpDataPrintData data = screenData();
         data.division = division;
         QTEST(OpDataPrintout(data).stepAngleText(), "angle");
-    }
-
-    void footerAtTheFootOfThePage()
-    {
-        RecordedPage page;
-        const PageMetrics m = metricsOf(page);
-        OpDataPrintout(screenData(), PrintedAt).render(page);
-        const QStringList footer = page.row(m.gPageRows2 - 3, m.gLinePitch2);
-        QCOMPARE(footer.size(), 1);
-        QVERIFY(footer[0].startsWith(QStringLiteral("  Printed 2024/03/05 09:41")));
-        QCOMPARE(page.lines.size(), 2);
-        QCOMPARE(page.lines[0].y1(), 2.0 * m.gLinePitch2);
-        QCOMPARE(page.lines[1].y1(), double((m.gPageRows2 - 2) * m.gLinePitch2));
-        QVERIFY(page.lines[1].y1() < RecordedPage::HeightMm - 10);
     }
 
     void pdfReadsInOrder_data()

@@ -41,7 +41,10 @@ OpDataPageController::OpDataPageController(MainWindow& window)
     , m_homing(window.context(), *this)
     , m_moveRun(new MoveRun(window.context(), m_moveState, *this, this))
     , m_monitor(new IoMonitor(window.context(), *this, this))
-    , m_print([&window](Printout& printout) { return PrinterOutput::print(printout, &window); })
+    , m_print([&window](Printout& printout) {
+        SequenceContext& ctx = window.context();
+        return PrinterOutput(ctx.files, ctx.prompter, &window).print(printout);
+    })
 {
     setObjectName(QStringLiteral("OpDataPageController"));
     new OpDataEntryFields(m_page, m_state, this);

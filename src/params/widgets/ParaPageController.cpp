@@ -27,7 +27,10 @@ ParaPageController::ParaPageController(MainWindow& window)
     , m_window(window)
     , m_page(*window.para)
     , m_view(*window.para, *window.opData->txtDenryu)
-    , m_print([&window](Printout& printout) { return PrinterOutput::print(printout, &window); })
+    , m_print([&window](Printout& printout) {
+        SequenceContext& ctx = window.context();
+        return PrinterOutput(ctx.files, ctx.prompter, &window).print(printout);
+    })
 {
     setObjectName(QStringLiteral("ParaPageController"));
     window.hooks.loadDeviceList = [this] { LoadDeviceListAtStart(); };

@@ -25,6 +25,7 @@ public:
     void showTransfer(const QString& text, int maximum) override;
     void setTransferProgress(int value) override;
     void hideTransfer() override;
+    bool watched() const override { return true; }
 
     TransferWindow* transferWindow() const;
 
