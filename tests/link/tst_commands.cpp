@@ -148,15 +148,6 @@ private slots:
         QCOMPARE(rig.port.frames, Frames{"0RA"});
     }
 
-    void runStatusWhenSilent()
-    {
-        LinkRig rig;
-        CommandSet commands(rig.link);
-        rig.link.setPortName(QStringLiteral("none"));
-        rig.port.setRefuseAll(true);
-        QCOMPARE(commands.ReadRunStatus(), -1);
-    }
-
     void fieldsAreOneBased()
     {
         LinkRig rig;

@@ -160,8 +160,6 @@ private slots:
         QCOMPARE(rig.prompter.lastText(),
                  QStringLiteral("Communication error occurs!\r\nError No.11\r\n[Unknown command.]"));
         QVERIFY(rig.link.gErrorReply);
-        QVERIFY(rig.link.gErrorFound);
-        QCOMPARE(rig.link.gErrorNo, QStringLiteral("11"));
         QCOMPARE(rig.link.gLastErrorReply, QStringLiteral("0%%101\r\n"));
         QVERIFY(rig.alarms.alarm);
         QCOMPARE(rig.alarms.status, QStringLiteral("Unknown command."));
