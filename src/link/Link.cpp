@@ -496,7 +496,8 @@ void Link::ErrorCheck()
     const QString key = head.mid(3, 1) + head.mid(5, 1);
     d->alarms.showAlarm(true);
     if (const auto entry = d->errors.find(key)) {
-        gErrorNo = key;
+        // The message names the error by the number the controller sent.
+        gErrorNo = head.mid(3, 3);
         gErrorText = entry->text;
         d->alarms.setStatusText(gErrorText);
         gErrorFound = true;

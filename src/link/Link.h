@@ -76,7 +76,7 @@ public:
     QString gLastErrorReply;
     bool gErrorFound = false;
     QString gErrorText;
-    QString gErrorNo;
+    QString gErrorNo;              // the code of the last error found in the list
     bool gCloseAfterError = false; // never set; its test is kept
     bool gAbortWait = false;       // set when the program is closing
 

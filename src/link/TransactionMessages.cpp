@@ -22,7 +22,7 @@ QString TransactionMessages::errorReply(bool found, const QString& errorNo,
 {
     const QString bracketed = u'[' + errorText + u']';
     if (found)
-        return Msg(104) + CrLf + Msg(ErrorNoLabel) + errorNo + CrLf + bracketed;
+        return Msg(104) + CrLf + Msg(ErrorNoLabel).arg(errorNo) + CrLf + bracketed;
     return Msg(104) + CrLf + bracketed;
 }
 

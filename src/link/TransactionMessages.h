@@ -8,9 +8,10 @@ class TransactionMessages {
 public:
     // No reply within the time-out: what to check.
     static QString timedOut();
-    // An error reply. found: the code is in the error list (then number and
-    // text are shown), otherwise only the text, which is whatever the last
-    // successful lookup left (empty when there was none).
+    // An error reply. found: the code is in the error list (then the code as
+    // the controller sent it and the text are shown), otherwise only the
+    // text, which is whatever the last successful lookup left (empty when
+    // there was none).
     static QString errorReply(bool found, const QString& errorNo, const QString& errorText);
     // A reply of the wrong length or echo.
     static QString lengthError();

@@ -17,6 +17,7 @@
 namespace {
 
 constexpr int SaveBeforeReading = 369;
+constexpr int NotSavedNotRead = 5000;
 constexpr int ReadConfirm = 370;
 constexpr int ReadingText = 368;
 constexpr int InsideCt = 374;
@@ -69,14 +70,22 @@ bool ReadFromCt::askFirst()
     switch (m_ctx.prompter.ask(Msg(SaveBeforeReading), Prompter::Buttons::YesNoCancel,
                                Prompter::Icon::Question)) {
     case Prompter::Answer::Yes:
-        OpDataFileCommands(m_ctx.prompter, m_ctx.lock, m_ctx.progress, m_ctx.files, m_state, m_view)
-            .saveAsSteps();
-        return true;
+        return saveFirst();
     case Prompter::Answer::No:
         return true;
     default:
         return false;
     }
+}
+
+// Edits the user wanted kept are not read over when they could not be saved.
+bool ReadFromCt::saveFirst()
+{
+    OpDataFileCommands file(m_ctx.prompter, m_ctx.lock, m_ctx.progress, m_ctx.files, m_state, m_view);
+    if (file.saveAsSteps() == 0)
+        return true;
+    m_ctx.prompter.tell(Msg(NotSavedNotRead), Prompter::Icon::Exclamation);
+    return false;
 }
 
 int ReadFromCt::ReadPosidataFromCt()

@@ -18,6 +18,7 @@ public:
 
 private:
     bool askFirst();
+    bool saveFirst();
     void showReadData();
     void showChoicesFromValues();
 

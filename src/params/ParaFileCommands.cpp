@@ -23,27 +23,28 @@ ParaFileCommands::ParaFileCommands(Prompter& prompter, FileChooser& files)
 {
 }
 
-void ParaFileCommands::cmdSaveParaFile_Click(ParaData& data, const ParaScreen& screen)
+int ParaFileCommands::cmdSaveParaFile_Click(ParaData& data, const ParaScreen& screen)
 {
     if (CheckParaInput(screen) != 0) {
         m_prompter.tell(MsgLines({7, 8}));
-        return;
+        return 1;
     }
     if (TorikomiParametaValue(screen, data.set) != 0 || ParametaValueCheck(data.set) != 0) {
         m_prompter.tell(Msg(9));
-        return;
+        return 1;
     }
     const QString proposed = data.fileName.isEmpty() ? Msg(ProposedFileName) : data.fileName;
     const QString path = m_files.saveFile(Msg(11), Msg(1827), Extension, proposed);
     if (path.isEmpty())
-        return;
+        return 1;
     if (SaveParaFile(path, data.set) != 0) {
         m_prompter.tell(Msg(13));
-        return;
+        return 1;
     }
     data.fileName = path;
     data.paraEdited = false;
     m_prompter.tell(Msg(14));
+    return 0;
 }
 
 void ParaFileCommands::cmdReadParaFile_Click(ParaData& data, ParaScreen& screen)

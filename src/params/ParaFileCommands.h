@@ -15,7 +15,8 @@ public:
 
     // Checks the page (messages 7 and 8 for an empty box, 9 for an invalid
     // value), asks for the file name and saves (13 on failure, 14 when done).
-    void cmdSaveParaFile_Click(ParaData& data, const ParaScreen& screen);
+    // 0 when saved; 1 when not (refused, cancelled or failed).
+    int cmdSaveParaFile_Click(ParaData& data, const ParaScreen& screen);
 
     // Asks for a file and loads it into the image; unless the read failed
     // part-way (message 681), the image is taken into the set and shown,

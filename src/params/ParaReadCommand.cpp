@@ -21,6 +21,7 @@ namespace {
 
 constexpr int CurrentNotShown = 4300;
 constexpr int ValueDoesNotFit = 4303;
+constexpr int NotSavedNotRead = 5000;
 
 } // namespace
 
@@ -41,8 +42,12 @@ int ParaReadCommand::GetParametaValue(ParaScreen& screen)
                                                            Prompter::Icon::Question);
         if (answer == Prompter::Answer::Cancel)
             return 1;
-        if (answer == Prompter::Answer::Yes)
-            ParaFileCommands(m_ctx.prompter, m_ctx.files).cmdSaveParaFile_Click(m_data, screen);
+        // The edits the user wanted kept are not read over when they could not be saved.
+        if (answer == Prompter::Answer::Yes
+            && ParaFileCommands(m_ctx.prompter, m_ctx.files).cmdSaveParaFile_Click(m_data, screen) != 0) {
+            m_ctx.prompter.tell(Msg(NotSavedNotRead), Prompter::Icon::Exclamation);
+            return 1;
+        }
     }
     if (m_devices.ReadDeviceList(m_ctx.prompter) != 0) {
         m_ctx.prompter.tell(Msg(356));

@@ -16,7 +16,8 @@ public:
     void cmdParaRead_Click(ParaScreen& screen);
 
     // 1. Edited parameters with an empty box: message 355 offers to save
-    //    first (Yes: the save dialog, Cancel: no read).
+    //    first (Yes: the save dialog, Cancel: no read). When Yes does not
+    //    end in a saved file, message 5000 says so and nothing is read.
     // 2. The device list is read again; when it cannot be, message 356.
     // 3. ReadParaFromCt; on failure the page stays as it was.
     // 4. The image is taken into the set and shown (a value too large for

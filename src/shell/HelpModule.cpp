@@ -1,10 +1,16 @@
 #include "shell/HelpModule.h"
 
 #include "common/DataFiles.h"
+#include "common/MessageTable.h"
 #include "link/Prompter.h"
 
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileInfo>
+
+namespace {
+constexpr int NoBrowser = 5002;
+}
 
 QString HelpModule::joinFolder(const QString& folder, const QString& name)
 {
@@ -32,9 +38,11 @@ void HelpModule::ShowHelpContents(Prompter& prompter, const QString& missingText
         prompter.tell(missingText, Prompter::Icon::Information);
         return;
     }
-    const QUrl url = QUrl::fromLocalFile(QFileInfo(m_helpFile).absoluteFilePath());
-    if (m_open)
-        m_open(url);
-    else
-        QDesktopServices::openUrl(url);
+    const QString path = QFileInfo(m_helpFile).absoluteFilePath();
+    const QUrl url = QUrl::fromLocalFile(path);
+    const bool opened = m_open ? m_open(url) : QDesktopServices::openUrl(url);
+    // Without a browser the user can still open the page by hand.
+    if (!opened)
+        prompter.tell(Msg(NoBrowser) + QStringLiteral("\r\n") + QDir::toNativeSeparators(path),
+                      Prompter::Icon::Information);
 }

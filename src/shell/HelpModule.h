@@ -27,8 +27,8 @@ public:
     QString helpFile() const { return m_helpFile; }
 
     // Opens the help file's index page, or shows missingText (information
-    // icon) when there is no help file. A failure of the browser itself is
-    // not reported.
+    // icon) when there is no help file. When no browser can be started,
+    // message 5002 says where the help file is.
     void ShowHelpContents(Prompter& prompter, const QString& missingText) const;
 
     // Tests replace the browser.

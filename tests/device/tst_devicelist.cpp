@@ -1,5 +1,4 @@
 #include "common/DataFiles.h"
-#include "common/MessageTable.h"
 #include "common/ProgramState.h"
 #include "device/ActSizeList.h"
 #include "device/DeviceDialogMode.h"
@@ -15,13 +14,14 @@
 
 namespace {
 
+const QString NoList = QStringLiteral("No device list file.\r\nPut device list file in the folder in which the program "
+                                      "is saved in order to indicate device information correctly.");
+
 QByteArray records(int count, int kinds)
 {
     QByteArray out = QByteArray::number(count) + "\r\n";
-    for (int i = 1; i <= count; ++i) {
-        const QByteArray size = QByteArray::number(20 + (i - 1) % kinds);
-        out += "\"" + size + "L-" + QByteArray::number(100 + i) + "\",\"a\",\"b\",\"c\",\"d\"\r\n";
-    }
+    for (int i = 1; i <= count; ++i)
+        out += "\"" + QByteArray::number(20 + (i - 1) % kinds) + "L-" + QByteArray::number(100 + i) + "\",\"a\",\"b\",\"c\",\"d\"\r\n";
     return out;
 }
 
@@ -50,95 +50,41 @@ private slots:
     }
     void cleanupTestCase() { DataFiles::setProgramFolder({}); }
 
-    void shippedList()
-    {
-        DeviceList list;
-        QCOMPARE(list.ReadDeviceList(prompter), 0);
-        QCOMPARE(list.gDeviceCount, qint16(4));
-        QCOMPARE(list.gSizeKindMax, qint16(3));
-        QCOMPARE((QStringList{list.gSizeKinds.begin(), list.gSizeKinds.begin() + 4}),
-                 (QStringList{"28", "35", "42", "SP"}));
-        for (const QString size : {"28", "35", "42", "SP"})
-            QCOMPARE(DeviceList::FindSizeInDeviceList(QStringLiteral("QM"), size, prompter), 0);
-        QVERIFY(prompter.shown.isEmpty());
-    }
-
-    void recordFields()
-    {
-        writeList("2\r\n\"E35L-007\",\"x\",\"y\",\"z\",\"w\"\r\n\"28\",\"1\",\"2\",\"3\",\"4\"\r\n");
-        DeviceList list;
-        QCOMPARE(list.ReadDeviceList(prompter), 0);
-        const DeviceRecord& r = list.record(1);
-        QCOMPARE(r.DevCode, QStringLiteral("E35L-007"));
-        QCOMPARE(r.DevSizeKey, QStringLiteral("E35"));
-        QCOMPARE(r.DevKindChar, QStringLiteral("L"));
-        QCOMPARE(r.DevNumber, 7.0);
-        QCOMPARE((QStringList{r.DevItem2, r.DevItem3, r.DevItem4, r.DevItem5}), (QStringList{"x", "y", "z", "w"}));
-        QCOMPARE(list.record(2).DevSizeKey, QStringLiteral("28"));
-        QCOMPARE(list.record(2).DevKindChar, QString());
-        QCOMPARE(list.record(2).DevNumber, 0.0);
-    }
-
-    void emptyListKeepsTheKnownSizes()
+    // An empty list leaves the size kinds as they were.
+    void emptyListKeepsTheSizeKinds()
     {
         DeviceList list;
         QCOMPARE(list.ReadDeviceList(prompter), 0);
         writeList("0\r\n");
         QCOMPARE(list.ReadDeviceList(prompter), 0);
         QCOMPARE(list.gDeviceCount, qint16(0));
-        QCOMPARE(list.gSizeKinds[0], QStringLiteral("28"));
+        QCOMPARE(list.gSizeKinds[0], "28");
         QCOMPARE(list.gSizeKindMax, qint16(0));
         QVERIFY(!list.gDevListMissing);
     }
 
-    // A shorter list overwrites the first records and leaves the others.
-    void refillLeavesLaterRecords()
-    {
-        DeviceList list;
-        QCOMPARE(list.ReadDeviceList(prompter), 0);
-        writeList("1\r\n\"99\",\"\",\"\",\"\",\"\"\r\n");
-        QCOMPARE(list.ReadDeviceList(prompter), 0);
-        QCOMPARE(list.record(1).DevCode, QStringLiteral("99"));
-        QCOMPARE(list.record(2).DevCode, QStringLiteral("35"));
-    }
-
-    void failures_data()
+    void readResults_data()
     {
         QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<int>("storedRecords");
-        QTest::newRow("71 records") << records(71, 2) << 70;
-        QTest::newRow("seven size kinds") << records(7, 7) << 7;
-        QTest::newRow("count not a number") << QByteArray("many\r\n") << 0;
+        QTest::addColumn<int>("result");
+        QTest::newRow("six size kinds") << records(12, 6) << 0;
+        QTest::newRow("71 records") << records(71, 2) << 1;
+        QTest::newRow("seven size kinds") << records(7, 7) << 1;
+        QTest::newRow("count not a number") << QByteArray("many\r\n") << 1;
         QTest::newRow("ends early") << QByteArray("3\r\n\"28L-101\",\"a\",\"b\",\"c\",\"d\"\r\n") << 1;
-        QTest::newRow("missing file") << QByteArray() << 0;
+        QTest::newRow("missing file") << QByteArray() << 1;
     }
-    void failures()
+    void readResults()
     {
         QFETCH(QByteArray, content);
-        QFETCH(int, storedRecords);
-        if (content.isEmpty())
-            QFile::remove(listPath());
-        else
-            writeList(content);
+        QFETCH(int, result);
+        writeList(content);
         DeviceList list;
-        QCOMPARE(list.ReadDeviceList(prompter), 1);
-        QCOMPARE(prompter.texts(), QStringList{"No device list file.\r\nPut device list file in the folder in "
-                                               "which the program is saved in order to indicate device "
-                                               "information correctly."});
-        QVERIFY(list.gDevListMissing);
-        if (storedRecords > 0)
-            QVERIFY(list.record(storedRecords).DevCode.endsWith(QByteArray::number(100 + storedRecords)));
-        if (storedRecords < DeviceList::MaxRecords)
-            QCOMPARE(list.record(storedRecords + 1).DevCode, QString());
-    }
-
-    void sixKindsAreAllowed()
-    {
-        writeList(records(12, 6));
-        DeviceList list;
-        QCOMPARE(list.ReadDeviceList(prompter), 0);
-        QCOMPARE(list.gSizeKindMax, qint16(5));
-        QCOMPARE(list.gSizeKinds[5], QStringLiteral("25L"));
+        QCOMPARE(list.ReadDeviceList(prompter), result);
+        QCOMPARE(prompter.texts(), result ? QStringList{NoList} : QStringList());
+        QCOMPARE(list.gDevListMissing, result == 1);
+        if (result == 0)
+            QCOMPARE(list.gSizeKinds[list.gSizeKindMax], "25L");
     }
 
     // Sizes are compared as whole texts of up to three characters.
@@ -150,20 +96,15 @@ private slots:
         QTest::newRow("28L") << "28L" << 0;
         QTest::newRow("case counts") << "28l" << 1;
         QTest::newRow("35") << "35" << 0;
-        QTest::newRow("empty") << "" << 1;
     }
     void sizeKeyMatchesExactly()
     {
         QFETCH(QString, size);
         writeList("2\r\n\"28L-100\",\"\",\"\",\"\",\"\"\r\n\"35\",\"\",\"\",\"\",\"\"\r\n");
-        QTEST(DeviceList::FindSizeInDeviceList(QStringLiteral("QM"), size, prompter), "result");
+        QTEST(DeviceList::FindSizeInDeviceList("QM", size, prompter), "result");
         QVERIFY(prompter.shown.isEmpty());
-    }
-
-    void findWithoutAFile()
-    {
-        QFile::remove(listPath());
-        QCOMPARE(DeviceList::FindSizeInDeviceList(QStringLiteral("QM"), QStringLiteral("28"), prompter), 1);
+        writeList({});
+        QCOMPARE(DeviceList::FindSizeInDeviceList("QM", size, prompter), 1);
         QCOMPARE(prompter.texts(), QStringList{"No device list file."});
     }
 
@@ -172,39 +113,31 @@ private slots:
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QString>("before");
         QTest::addColumn<QString>("after");
-        const QByteArray shipped = "4\r\n\"28\",1,2,3,4\r\n\"35\",1,2,3,4\r\n\"42\",1,2,3,4\r\n\"SP\",1,2,3,4\r\n";
+        QTest::addColumn<QStringList>("items");
+        const QStringList sizes{"28", "35", "42", "SP"};
         const QByteArray coded = "2\r\n\"42L-100\",1,2,3,4\r\n\"28L-100\",1,2,3,4\r\n";
-        QTest::newRow("known size stays") << shipped << "42" << "42";
-        QTest::newRow("empty takes the first kind") << shipped << "" << "28";
-        QTest::newRow("unknown size takes the first kind") << shipped << "77" << "28";
-        QTest::newRow("first kind that is no fixed size") << coded << "35" << "42L";
+        QTest::newRow("known size stays") << QByteArray("shipped") << "42" << "42" << sizes;
+        QTest::newRow("empty takes the first kind") << QByteArray("shipped") << "" << "28" << sizes;
+        QTest::newRow("unknown size takes the first kind") << QByteArray("shipped") << "77" << "28" << sizes;
+        QTest::newRow("first kind that is no fixed size") << coded << "35" << "42L" << sizes;
+        QTest::newRow("no list") << QByteArray() << "35" << "35" << QStringList{"old"};
     }
     void actSizeList()
     {
         QFETCH(QByteArray, content);
         QFETCH(QString, before);
-        writeList(content);
+        QFETCH(QStringList, items);
+        if (content != "shipped")
+            writeList(content);
         DeviceList list;
         SizeListBox comboActSize;
-        comboActSize.addItem(QStringLiteral("old"), 9);
+        comboActSize.addItem("old", 9);
         comboActSize.setText(before);
-        QCOMPARE(LoadDeviceListAtStart(list, comboActSize, prompter), 0);
-        QCOMPARE(itemTexts(comboActSize), (QStringList{"28", "35", "42", "SP"}));
-        for (int i = 0; i < 4; ++i)
-            QCOMPARE(comboActSize.itemData(i), i);
+        QCOMPARE(LoadDeviceListAtStart(list, comboActSize, prompter), content.isEmpty() ? 1 : 0);
+        QCOMPARE(itemTexts(comboActSize), items);
+        QCOMPARE(prompter.shown.size(), content.isEmpty() ? 1 : 0);
+        QCOMPARE(comboActSize.itemData(items.size() - 1), content.isEmpty() ? 9 : 3);
         QTEST(comboActSize.text(), "after");
-    }
-
-    void actSizeListWithoutAFile()
-    {
-        QFile::remove(listPath());
-        DeviceList list;
-        SizeListBox comboActSize;
-        comboActSize.setText(QStringLiteral("35"));
-        QCOMPARE(LoadDeviceListAtStart(list, comboActSize, prompter), 1);
-        QCOMPARE(comboActSize.count(), 0);
-        QCOMPARE(comboActSize.text(), QStringLiteral("35"));
-        QCOMPARE(prompter.shown.size(), 1);
     }
 
     void dialogModeFromTheTypeCode_data()
@@ -212,11 +145,10 @@ private slots:
         QTest::addColumn<int>("type");
         QTest::addColumn<bool>("mode");
         QTest::addColumn<bool>("known");
-        QTest::addColumn<bool>("done");
-        QTest::newRow("0") << 0 << true << false << false;
-        QTest::newRow("1") << 1 << true << true << false;
-        QTest::newRow("2") << 2 << false << false << true;
-        QTest::newRow("-1") << -1 << false << false << true;
+        QTest::newRow("0") << 0 << true << false;
+        QTest::newRow("1") << 1 << true << true;
+        QTest::newRow("2") << 2 << false << false;
+        QTest::newRow("-1") << -1 << false << false;
     }
     void dialogModeFromTheTypeCode()
     {
@@ -225,7 +157,7 @@ private slots:
         const ProgramState& g = ProgramState::instance();
         QTEST(g.gDeviceDialogMode, "mode");
         QTEST(g.gDeviceKnown, "known");
-        QTEST(g.gDeviceSetDone, "done");
+        QCOMPARE(g.gDeviceSetDone, !g.gDeviceDialogMode);
     }
 
     void dialogLoad_data()
@@ -234,8 +166,6 @@ private slots:
         QTest::addColumn<bool>("pgUse");
         QTest::addColumn<QString>("mainSize");
         QTest::addColumn<QString>("chosen");
-        QTest::newRow("size of the main window") << false << true << "42" << "42";
-        QTest::newRow("SP") << true << false << "SP" << "SP";
         QTest::newRow("empty main size") << false << false << "" << "28";
         QTest::newRow("size not in the list") << true << true << "28L" << "28";
     }
@@ -253,73 +183,38 @@ private slots:
         QCOMPARE(itemTexts(dialog.comboDeviceSize), (QStringList{"28", "35", "42", "SP"}));
         QTEST(dialog.comboDeviceSize.text(), "chosen");
         QCOMPARE(dialog.chkDevPgUse, pgUse ? 1 : 0);
-        QVERIFY(dialog.chkDevPgUseEnabled && dialog.chkDevPgUseVisible);
-        QCOMPARE(dialog.familyText, mode ? QStringLiteral("QM") : QString());
-        QCOMPARE(g.gDeviceSetDone, mode);
-        QCOMPARE(g.gDeviceKnown, mode);
-        QVERIFY(!dialog.Cancelled);
-    }
-
-    void dialogSet()
-    {
-        DeviceList list;
-        DeviceSelection dialog(list, prompter);
-        dialog.Form_Load(QStringLiteral("35"));
-        dialog.comboDeviceSize.setText(QStringLiteral("SP"));
-        dialog.chkDevPgUse = 1;
-        dialog.cmdDeviceSet_Click();
-        const ProgramState& g = ProgramState::instance();
-        QCOMPARE(g.gActFamily, QStringLiteral("QM"));
-        QCOMPARE(g.gActSize, QStringLiteral("SP"));
-        QCOMPARE(g.gActKindChar, QStringLiteral("L"));
-        QCOMPARE(g.gActNumber, qint16(100));
-        QVERIFY(g.gPgUse && g.gDeviceSetDone && g.gDeviceKnown);
-        QVERIFY(!dialog.Cancelled);
-        QVERIFY(dialog.closeRequested);
+        QVERIFY(dialog.chkDevPgUseEnabled && dialog.chkDevPgUseVisible && !dialog.Cancelled);
+        QCOMPARE(dialog.familyText, mode ? "QM" : "");
+        QCOMPARE((QList<bool>{g.gDeviceSetDone, g.gDeviceKnown}), (QList<bool>{mode, mode}));
     }
 
     // A missing list leaves the dialog's size empty; Set then stores it so.
     void dialogWithoutAList()
     {
         QFile::remove(listPath());
-        ProgramState::instance().gActSizeDefault = QStringLiteral("35");
+        ProgramState::instance().gActSizeDefault = "35";
         DeviceList list;
         DeviceSelection dialog(list, prompter);
-        dialog.Form_Load(QStringLiteral("42"));
+        dialog.Form_Load("42");
         QCOMPARE(dialog.comboDeviceSize.count(), 0);
         QCOMPARE(dialog.comboDeviceSize.text(), QString());
         QCOMPARE(prompter.shown.size(), 1);
-        ProgramState::instance().gActSize = QStringLiteral("28");
+        ProgramState::instance().gActSize = "28";
         dialog.cmdDeviceSet_Click();
         QCOMPARE(ProgramState::instance().gActSize, QString());
     }
 
-    void dialogCancelled_data()
+    // A close by the program is no Cancel (the button and the window frame
+    // are, as the parameter page test shows).
+    void closedByTheProgramIsNoCancel()
     {
-        QTest::addColumn<int>("how");
-        QTest::addColumn<bool>("cancelled");
-        QTest::newRow("Cancel button") << -1 << true;
-        QTest::newRow("window frame") << 0 << true;
-        QTest::newRow("closed by the program") << 1 << false;
-    }
-    void dialogCancelled()
-    {
-        QFETCH(int, how);
-        QFETCH(bool, cancelled);
-        ProgramState::instance().gActSize = QStringLiteral("42");
-        ProgramState::instance().gPgUse = true;
+        ProgramState::instance().gActSize = "42";
         DeviceList list;
         DeviceSelection dialog(list, prompter);
-        dialog.Form_Load(QStringLiteral("28"));
-        dialog.chkDevPgUse = 0;
-        if (how < 0)
-            dialog.cmdDeviceCancel_Click();
-        else
-            dialog.Form_QueryUnload(how);
-        QCOMPARE(dialog.Cancelled, cancelled);
-        QCOMPARE(dialog.closeRequested, cancelled);
-        QCOMPARE(ProgramState::instance().gActSize, QStringLiteral("42"));
-        QVERIFY(ProgramState::instance().gPgUse);
+        dialog.Form_Load("28");
+        dialog.Form_QueryUnload(1);
+        QVERIFY(!dialog.Cancelled && !dialog.closeRequested);
+        QCOMPARE(ProgramState::instance().gActSize, "42");
     }
 
     // The encoder box shows the recorded use whatever size is chosen.
@@ -327,20 +222,22 @@ private slots:
     {
         DeviceList list;
         DeviceSelection dialog(list, prompter);
-        dialog.Form_Load(QStringLiteral("28"));
+        dialog.Form_Load("28");
         dialog.chkDevPgUse = 1;
-        dialog.comboDeviceSize.setText(QStringLiteral("42"));
+        dialog.comboDeviceSize.setText("42");
         dialog.DispPgUse();
         QCOMPARE(dialog.chkDevPgUse, 0);
     }
 
 private:
-    QString listPath() const { return dir.filePath(QStringLiteral("nqmdevice.lst")); }
+    QString listPath() const { return dir.filePath("nqmdevice.lst"); }
+    // Empty content removes the list.
     void writeList(const QByteArray& content)
     {
+        QFile::remove(listPath());
         QFile file(listPath());
-        file.open(QIODevice::WriteOnly | QIODevice::Truncate);
-        file.write(content);
+        if (!content.isEmpty() && file.open(QIODevice::WriteOnly))
+            file.write(content);
     }
 
     QTemporaryDir dir;

@@ -246,7 +246,7 @@ private slots:
 
         QCOMPARE(rig.link.gReply, QStringLiteral("0RVK01100\r\n"));
         QCOMPARE(rig.prompter.texts(), QStringList{"The controller reported an error of its own accord (not in reply to "
-                                                   "a command).\r\nCommunication error occurs!\r\nError No.31\r\n"
+                                                   "a command).\r\nCommunication error occurs!\r\nError No.301\r\n"
                                                    "[301: Overload alarm.]"});
         QVERIFY(rig.alarms.alarm);
     }

@@ -134,7 +134,7 @@ private slots:
                " 2.Communication cables are connected?\n";
         QTest::newRow("error reply")
             << QStringList{"--error-reply", "AR:301"} << "reset" << QStringList{"0AR"}
-            << "Communication error occurs!\nError No.31\n[301: Overload alarm.]\n";
+            << "Communication error occurs!\nError No.301\n[301: Overload alarm.]\n";
         QTest::newRow("wrong echo")
             << QStringList{"--wrong-echo", "CM"} << "check" << QStringList{"0CM6", "0CM6"}
             << "Communication data length error occurs!\nLength of data is wrong.\n";
@@ -183,7 +183,7 @@ private slots:
         QCOMPARE(run.exitCode, 0);
         QCOMPARE(run.out, QStringLiteral("1.00\n"));
         QCOMPARE(sentFrames(run.err), (QStringList{"0CM6", "0RV", "0%C"}));
-        QVERIFY(run.err.contains(QStringLiteral("Communication error occurs!\nError No.11\n[101: Unknown command.]\n")));
+        QVERIFY(run.err.contains(QStringLiteral("Communication error occurs!\nError No.101\n[101: Unknown command.]\n")));
     }
 
     // After a reply of the wrong length the controller is waited for without

@@ -1,8 +1,7 @@
 // The device list on arbitrary bytes: read at start, the size list filled
 // from it, and every size kind it found is found again by the search that
 // reads the file afresh.
-#include "CountingPrompter.h"
-#include "FuzzEnvironment.h"
+#include "FuzzSupport.h"
 
 #include "device/ActSizeList.h"
 #include "device/DeviceList.h"
@@ -10,8 +9,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    FuzzEnvironment::instance().writeFile(QStringLiteral("nqmdevice.lst"),
-                                          QByteArray(reinterpret_cast<const char*>(data), qsizetype(size)));
+    FuzzEnvironment::instance().writeFile(QStringLiteral("nqmdevice.lst"), data, size);
     CountingPrompter prompter;
     DeviceList devices;
     SizeListBox comboActSize;

@@ -1,15 +1,13 @@
 // The error list on arbitrary bytes: read at start; a list that was read
 // finds each of its keys at the first entry that has it.
-#include "CountingPrompter.h"
-#include "FuzzEnvironment.h"
+#include "FuzzSupport.h"
 
 #include "common/MessageTable.h"
 #include "link/ErrorList.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    FuzzEnvironment::instance().writeFile(Msg(120),
-                                          QByteArray(reinterpret_cast<const char*>(data), qsizetype(size)));
+    FuzzEnvironment::instance().writeFile(Msg(120), data, size);
     CountingPrompter prompter;
     ErrorList errors;
     const int result = errors.Get_ErrorList(prompter);

@@ -3,9 +3,7 @@
 // order, lines the controller sends on its own, and a pulled cable. Every
 // transaction must end, with a reply that fits its request or with the
 // failure shown; a reply that was accepted is handed to its decoder.
-#include "CountingPrompter.h"
-#include "FuzzEnvironment.h"
-#include "ReplayPort.h"
+#include "FuzzSupport.h"
 
 #include "support/RecordingAlarmDisplay.h"
 
@@ -13,6 +11,7 @@
 #include "common/Waiter.h"
 #include "link/ErrorList.h"
 #include "link/Link.h"
+#include "link/SerialPort.h"
 #include "link/VersionQuery.h"
 #include "opdata/IoBits.h"
 #include "opdata/OpDataRecord.h"
@@ -22,9 +21,69 @@
 
 #include <QTimer>
 
+#include <utility>
+
 #include <fuzzer/FuzzedDataProvider.h>
 
 namespace {
+
+// A serial line that plays back what the fuzzer made up: each write is
+// answered by the next group of steps, one step per turn of the event loop.
+// A step is a chunk of bytes (its own read) or the cable being pulled. A
+// write with no group left stays unanswered.
+class ReplayPort : public SerialPort {
+public:
+    struct Step {
+        QByteArray bytes;
+        bool pull = false;
+    };
+    using Group = QList<Step>;
+
+    // The answers to the next writes, in order; earlier ones not played are dropped.
+    void setGroups(const QList<Group>& groups) { m_groups = groups; }
+    // Bytes the controller sends on its own, read at once.
+    void arrive(const QByteArray& bytes)
+    {
+        if (!m_open)
+            return;
+        m_input += bytes;
+        emit readyRead();
+    }
+
+    bool open(const QString&, const QString&) override { return m_open = true; }
+    void close() override { m_open = false; }
+    bool isOpen() const override { return m_open; }
+    qint64 write(const QByteArray& data) override
+    {
+        if (!m_groups.isEmpty())
+            QTimer::singleShot(0, this, [this, steps = m_groups.takeFirst()] { play(steps); });
+        return data.size();
+    }
+    qint64 bytesAvailable() const override { return m_input.size(); }
+    QByteArray readAll() override { return std::exchange(m_input, {}); }
+    void discardInput() override { m_input.clear(); }
+    QString errorString() const override { return {}; }
+
+private:
+    void play(Group steps)
+    {
+        if (steps.isEmpty() || !m_open)
+            return;
+        const Step step = steps.takeFirst();
+        if (step.pull) {
+            m_open = false;
+            emit lost();
+            return;
+        }
+        arrive(step.bytes);
+        if (!steps.isEmpty())
+            QTimer::singleShot(0, this, [this, steps] { play(steps); });
+    }
+
+    QList<Group> m_groups;
+    QByteArray m_input;
+    bool m_open = false;
+};
 
 struct Request {
     const char* command;

@@ -1,9 +1,7 @@
 // The operation data file (.qmd) on arbitrary bytes, through the tab's
 // Open: read, copied, shown. A file that was read is written out again and
 // gives back the same four values.
-#include "CountingPrompter.h"
-#include "FixedFileChooser.h"
-#include "FuzzEnvironment.h"
+#include "FuzzSupport.h"
 
 #include "common/ControlLock.h"
 #include "opdata/OpDataFile.h"
@@ -62,8 +60,7 @@ void checkRoundTrip(const PosiTable& PosiData)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    const QString path = FuzzEnvironment::instance().writeFile(
-        QStringLiteral("fuzz.qmd"), QByteArray(reinterpret_cast<const char*>(data), qsizetype(size)));
+    const QString path = FuzzEnvironment::instance().writeFile(QStringLiteral("fuzz.qmd"), data, size);
     const int result = checkReader(path);
 
     CountingPrompter prompter;

@@ -2,9 +2,7 @@
 // read, taken into the set, shown. Whatever the file holds, the outcome is
 // one of the documented ones, and a set that passes the value check is
 // saved and read back unchanged and can be coded for the controller.
-#include "CountingPrompter.h"
-#include "FixedFileChooser.h"
-#include "FuzzEnvironment.h"
+#include "FuzzSupport.h"
 
 #include "params/ParaBlockCodec.h"
 #include "params/ParaData.h"
@@ -89,8 +87,7 @@ void checkBlocks(const ParaSet& set)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    const QString path = FuzzEnvironment::instance().writeFile(
-        QStringLiteral("fuzz.pmt"), QByteArray(reinterpret_cast<const char*>(data), qsizetype(size)));
+    const QString path = FuzzEnvironment::instance().writeFile(QStringLiteral("fuzz.pmt"), data, size);
     const int result = checkReader(path);
 
     CountingPrompter prompter;

@@ -1,7 +1,7 @@
 // The sequential item reader on arbitrary bytes: it must end every read
 // with items or a RuntimeError, always make progress, and agree with the
 // number rules the file readers rely on.
-#include "FuzzEnvironment.h"
+#include "FuzzSupport.h"
 
 #include "common/NumberText.h"
 #include "common/RuntimeError.h"

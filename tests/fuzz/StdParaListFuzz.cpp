@@ -1,8 +1,7 @@
 // The standard parameter list on arbitrary bytes, through the "initial
 // parameters" command: the actuator is chosen (with and without encoder),
 // the list is read and copied into the page's set, and the set is shown.
-#include "CountingPrompter.h"
-#include "FuzzEnvironment.h"
+#include "FuzzSupport.h"
 
 #include "common/ControlLock.h"
 #include "common/ProgramState.h"
@@ -69,8 +68,7 @@ void checkApply(bool pgUse, int listResult)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    FuzzEnvironment::instance().writeFile(QStringLiteral("hb4cmstpr.lst"),
-                                          QByteArray(reinterpret_cast<const char*>(data), qsizetype(size)));
+    FuzzEnvironment::instance().writeFile(QStringLiteral("hb4cmstpr.lst"), data, size);
     const int result = checkList();
     checkApply(false, result);
     checkApply(true, result);

@@ -13,6 +13,7 @@
 #include <QGroupBox>
 #include <QRadioButton>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -100,8 +101,10 @@ private slots:
         QCOMPARE(w.opData->comboVEL->itemData(29).toInt(), 29);
         QCOMPARE(texts(w.opData->comboACC), (QStringList{"3", "2", "1"}));
         QCOMPARE(w.opData->comboACC->itemData(2).toInt(), 2);
-        QCOMPARE(w.opData->comboVEL->currentText(), QStringLiteral("1"));
-        QCOMPARE(w.opData->comboACC->currentText(), QStringLiteral("1"));
+        // Both choices show "1"; their values stay empty until the user chooses.
+        const QStringList choices = {w.opData->comboVEL->currentText(), w.opData->comboACC->currentText(),
+                                     w.opData->txtVEL->text(), w.opData->txtACC->text()};
+        QCOMPARE(choices, (QStringList{"1", "1", "", ""}));
 
         QTEST(texts(w.para->comboAxisAutoDrv), "autoDrive");
         QTEST(texts(w.para->comboPgFunc), "pgFunction");

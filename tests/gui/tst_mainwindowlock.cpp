@@ -303,13 +303,15 @@ private slots:
         QCOMPARE(w.ProgressBar1->minimum(), 0);
         QCOMPARE(w.ProgressBar1->maximum(), 4);
         QCOMPARE(w.ProgressBar1->value(), 0);
-        QCOMPARE(w.ProgressBar1->geometry(),
-                 QRect(0, 2, w.sbStatusBar->width(), w.sbStatusBar->height() - 2));
+        // Beside the port text, which stays readable.
+        const QRect bar = w.ProgressBar1->geometry();
+        QVERIFY(w.lblPort->isVisible() && bar.left() > w.lblPort->geometry().right());
+        QCOMPARE(bar, QRect(bar.left(), 2, w.sbStatusBar->width() - bar.left(), w.sbStatusBar->height() - 2));
 
         w.progress().setProgress(3);
         QCOMPARE(w.progress().progress(), 3);
         w.resize(w.width() + 100, w.height());
-        QTRY_COMPARE(w.ProgressBar1->width(), w.sbStatusBar->width());
+        QTRY_COMPARE(w.ProgressBar1->geometry().right(), w.sbStatusBar->width() - 1);
 
         w.progress().Hide_ProgressBar();
         QVERIFY(!w.ProgressBar1->isVisible());

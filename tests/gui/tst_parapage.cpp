@@ -51,10 +51,7 @@ private slots:
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("left");
         QTest::newRow("third key past the maximum") << "txtHomeVel" << "" << false << "007" << "00" << "";
-        QTest::newRow("zeros of an alarm count") << "txtPgAlarm" << "" << false << "0000" << "0000" << "0";
         QTest::newRow("letters and points dropped") << "txtHomeOffset" << "" << false << "1a2.3" << "123" << "123";
-        QTest::newRow("pulse keeps zero") << "txtAxisPulse" << "" << false << "000" << "000" << "0";
-        QTest::newRow("leading zeros") << "txtInpLimit" << "" << false << "0012" << "001" << "1";
         QTest::newRow("full box, caret at the end") << "txtHomeOfsVel" << "12" << false << "3" << "12" << "12";
         QTest::newRow("full box, all selected") << "txtHomeOfsVel" << "12" << true << "3" << "3" << "3";
     }
@@ -122,22 +119,6 @@ private slots:
         QTEST(rig.window->opData->txtDenryu->text(), "current");
         QVERIFY(p.cmdParaRead->isEnabled());
         QVERIFY(rig.window->mnuFileOpen->isEnabled());
-    }
-
-    // Edits mark the page: a read then offers to save the edited values
-    // when a box is left empty; Cancel reads nothing.
-    void editedPageAsksBeforeReading()
-    {
-        PageRig rig;
-        rig.page().txtHomeOffset->setFocus();
-        QTest::keyClick(rig.page().txtHomeOffset, Qt::Key_Backspace);
-        QTest::keyClicks(rig.page().txtHomeOffset, QStringLiteral("5"));
-        rig.page().txtHomeVel->clear();
-        rig.prompter.script({Answer::Cancel});
-        QTest::mouseClick(rig.page().cmdParaRead, Qt::LeftButton);
-        QCOMPARE(rig.prompter.texts(), QStringList{"Save the editing data before reading data?"});
-        QCOMPARE(rig.page().txtHomeOffset->text(), QStringLiteral("5"));
-        QVERIFY(rig.controller().data().paraEdited);
     }
 
     void specialParametersUnlock()

@@ -217,7 +217,6 @@ private slots:
         QTest::newRow("COM12") << "COM12" << 12;
         QTest::newRow("blanks around") << " COM3 " << 3;
         QTest::newRow("device beside it") << "COM1  (/dev/ttyUSB0)" << 1;
-        QTest::newRow("empty list") << "" << 0;
         QTest::newRow("above 32") << "COM33" << 0;
         QTest::newRow("zero") << "COM0" << 0;
     }
@@ -229,16 +228,19 @@ private slots:
 
     void emptyPortListFailsWith110()
     {
-        SimWindow w;
-        w.link().setPortNaming([](int) { return QString(); });
+        ScriptedPrompter prompter;
+        MainWindow w;
+        w.usePrompter(prompter);
+        w.session().link().setPortNaming([](int) { return QString(); });
+        w.Form_Load();
         // A number in range is read again from the store when the dialog opens.
         ProgramState::instance().gPortNo = 4;
         Settings::writeInt(QStringLiteral("PortNo"), 5);
-        withOptionsDialog(w.window, [](OptionsDialog& d) {
+        withOptionsDialog(w, [](OptionsDialog& d) {
             QCOMPARE(d.comboPortNo->count(), 0);
             d.chkPortOccupy->setChecked(false);
         });
-        QCOMPARE(w.prompter.texts(), QStringList{"Communication port No. is not correct."});
+        QCOMPARE(prompter.texts(), QStringList{"Communication port No. is not correct."});
         QCOMPARE(int(ProgramState::instance().gPortNo), 5);
         // Only the port is left as it was.
         QCOMPARE(Settings::readText(QStringLiteral("PortOccupy")), QStringLiteral("0"));
@@ -251,6 +253,7 @@ private slots:
         QTest::newRow("unchecked") << false << "0";
         QTest::newRow("checked") << true << "1";
     }
+    // On the virtual controller the port list names it alone.
     void portOccupyStoredAtOnce()
     {
         QFETCH(bool, checked);
@@ -258,7 +261,8 @@ private slots:
         SimWindow w;
         withOptionsDialog(w.window, [checked](OptionsDialog& d) {
             QCOMPARE(d.chkPortOccupy->isChecked(), !checked);
-            QCOMPARE(d.comboPortNo->currentText(), QStringLiteral("COM1"));
+            QCOMPARE(d.comboPortNo->count(), 1);
+            QCOMPARE(d.comboPortNo->currentText(), QStringLiteral("Virtual controller (simulator)"));
             QVERIFY(d.findChild<QLabel*>(QStringLiteral("lblSimulatorNote"))->isVisible());
             d.chkPortOccupy->setChecked(checked);
         });

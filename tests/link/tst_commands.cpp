@@ -223,7 +223,7 @@ private slots:
 
         QCOMPARE(rig.port.frames, (Frames{"0CM6", "0RV", "0%C"}));
         QCOMPARE(rig.prompter.texts(),
-                 (QStringList{"Communication error occurs!\r\nError No.11\r\n[Unknown command.]",
+                 (QStringList{"Communication error occurs!\r\nError No.101\r\n[Unknown command.]",
                               "The version of this controller is 2.10."}));
     }
 

@@ -14,7 +14,7 @@ const QString TimeoutText = QStringLiteral(
     " 1.Power ON for controller?\r\n 2.Communication cables are connected?");
 const QString OwnErrorText = QStringLiteral(
     "The controller reported an error of its own accord (not in reply to a command).\r\n"
-    "Communication error occurs!\r\nError No.31\r\n[Overload alarm.]");
+    "Communication error occurs!\r\nError No.301\r\n[Overload alarm.]");
 const QString LostText = QStringLiteral(
     "The device of the communication port has gone away (was the cable or the USB adapter unplugged?).\r\n");
 const QString LengthText =
@@ -95,7 +95,7 @@ private slots:
         QTest::newRow("cut after one character") << QByteArray("0") << true << Frames{"%%301\r\n0RA2\r\n"} << 0 << own;
         QTest::newRow("noise") << QByteArray("\xff" "0") << true << Frames{"0RA2\r\n"} << 0 << QStringList{};
         QTest::newRow("then an error reply") << QByteArray("0") << false << Frames{"0%%301\r\n"} << 1
-                                             << QStringList{"Communication error occurs!\r\nError No.31\r\n[Overload alarm.]"};
+                                             << QStringList{"Communication error occurs!\r\nError No.301\r\n[Overload alarm.]"};
     }
     void inputBeforeTheRequest()
     {
@@ -150,6 +150,17 @@ private slots:
         QVERIFY(!rig.link.gCommError);
     }
 
+    void timeOutAndErrorReplyInJapanese()
+    {
+        LinkRig rig;
+        ProgramState::instance().gMsgBase = 0;
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+        QVERIFY(rig.prompter.lastText().startsWith(QStringLiteral("通信タイムアウトエラー！\r\n\r\n")));
+        rig.port.answer("0RD9", "0%%101\r\n");
+        QCOMPARE(rig.link.SendRecvCommand("0RD", 38, "9"), 1);
+        QCOMPARE(rig.prompter.lastText(), QStringLiteral("エラーが発生しました！\r\nエラー番号：101\r\n[Unknown command.]"));
+    }
+
     void errorReplyInTheList()
     {
         LinkRig rig;
@@ -158,7 +169,7 @@ private slots:
         QCOMPARE(rig.link.SendRecvCommand("0RD", 38, "9"), 1);
 
         QCOMPARE(rig.prompter.lastText(),
-                 QStringLiteral("Communication error occurs!\r\nError No.11\r\n[Unknown command.]"));
+                 QStringLiteral("Communication error occurs!\r\nError No.101\r\n[Unknown command.]"));
         QVERIFY(rig.link.gErrorReply);
         QCOMPARE(rig.link.gLastErrorReply, QStringLiteral("0%%101\r\n"));
         QVERIFY(rig.alarms.alarm);
@@ -226,7 +237,7 @@ private slots:
         QTest::addColumn<bool>("portOpen");
         QTest::newRow("wrong length") << QByteArray("0RA12\r\n") << QByteArray("0CM6\r\n") << LengthText << false;
         QTest::newRow("check answered with an error") << QByteArray("0RA12\r\n") << QByteArray("0%%101\r\n")
-            << "Communication error occurs!\r\nError No.11\r\n[Unknown command.]" << true;
+            << "Communication error occurs!\r\nError No.101\r\n[Unknown command.]" << true;
         QTest::newRow("wrong echo, no answer") << QByteArray("0RD1\r\n") << QByteArray() << LengthText << false;
     }
     void resynchronisation()

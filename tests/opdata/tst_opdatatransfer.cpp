@@ -77,41 +77,42 @@ private slots:
         QCOMPARE(rig.lock.calls, Locked);
     }
 
-    void readSavesEditsFirst()
+    // Edits are offered a save first. Only a saved file lets the read go on;
+    // Cancel, or a Yes whose save is cancelled or fails, keeps the edits.
+    void saveQuestionBeforeReading_data()
     {
+        QTest::addColumn<Prompter::Answer>("answer");
+        QTest::addColumn<QString>("file");   // empty: the save dialog is cancelled
+        QTest::addColumn<int>("messages");
+        QTest::addColumn<int>("last");
+        QTest::addColumn<bool>("read");
+        QTest::newRow("Yes, saved") << Prompter::Answer::Yes << "edits.qmd" << 1 << 369 << true;
+        QTest::newRow("Cancel") << Prompter::Answer::Cancel << "" << 1 << 369 << false;
+        QTest::newRow("Yes, save cancelled") << Prompter::Answer::Yes << "" << 2 << 5000 << false;
+        QTest::newRow("Yes, save fails") << Prompter::Answer::Yes << "no/such/folder/a.qmd" << 3 << 5000 << false;
+    }
+    void saveQuestionBeforeReading()
+    {
+        QFETCH(Prompter::Answer, answer);
+        QFETCH(QString, file);
+        QFETCH(int, last);
+        QFETCH(bool, read);
         TransferRig rig;
         rig.answerRead();
         ProgramState::instance().gDataChanged = true;
-        rig.view.shown.txtVEL = QStringLiteral("120");
-        const QString path = rig.dir.filePath(QStringLiteral("edits.qmd"));
-        rig.files.setNextFileName(path);
-        rig.prompter.script({Prompter::Answer::Yes});
+        rig.files.setNextFileName(file.isEmpty() ? file : rig.dir.filePath(file));
+        rig.prompter.script({answer});
 
         rig.read();
 
-        QCOMPARE(rig.prompter.shown[0].text, QStringLiteral("Save the editing data before reading data?"));
+        QTEST(int(rig.prompter.shown.size()), "messages");
+        QCOMPARE(rig.prompter.shown[0].text, Msg(369));
         QCOMPARE(rig.prompter.shown[0].buttons, Prompter::Buttons::YesNoCancel);
-        QFile saved(path);
-        QVERIFY(saved.open(QIODevice::ReadOnly));
-        QVERIFY(saved.readAll().contains("0,\"120\","));
-        QCOMPARE(rig.frames(), (QStringList{"0CM6", "0RP01"}));
-        QCOMPARE(rig.view.shown.txtVEL, QStringLiteral("9000"));
-        QCOMPARE(rig.state.mDataTitle, QStringLiteral("Inside of C/T"));
-        QVERIFY(ProgramState::instance().gCommBusy == false);
-    }
-
-    void readCancelledAtSaveQuestion()
-    {
-        TransferRig rig(false);
-        ProgramState::instance().gDataChanged = true;
-        rig.view.shown.txtGEAR = QStringLiteral("5");
-        rig.prompter.script({Prompter::Answer::Cancel});
-
-        rig.read();
-
-        QVERIFY(rig.frames().isEmpty());
-        QVERIFY(rig.files.requests.isEmpty());
-        QVERIFY(ProgramState::instance().gDataChanged);
+        QCOMPARE(rig.prompter.lastText(), Msg(last));
+        QCOMPARE(rig.frames(), (read ? QStringList{"0CM6", "0RP01"} : QStringList{}));
+        QCOMPARE(QFileInfo(rig.dir.filePath(file)).isFile(), read);
+        QCOMPARE(ProgramState::instance().gDataChanged, !read);
+        QVERIFY(!ProgramState::instance().gCommBusy);
     }
 
     void readWithoutEditsInTheFieldsAsksNothing()

@@ -1,14 +1,18 @@
 #include "ParaFixtures.h"
 
+#include "common/ControlLock.h"
+#include "common/DataFiles.h"
+#include "common/MessageTable.h"
 #include "common/ProgramState.h"
+#include "device/DeviceSelector.h"
 #include "params/ParaBlockCodec.h"
 #include "params/ParaData.h"
 #include "params/ParaFile.h"
 #include "params/ParaFileCommands.h"
 #include "params/ParaMemoryMap.h"
-#include "params/ParaScreen.h"
 #include "params/ParaScreenTransfer.h"
-#include "params/TakeCtParaImage.h"
+#include "params/StandardPara.h"
+#include "params/StdParaList.h"
 
 #include "support/FileSizeLimit.h"
 #include "support/ScriptedFileChooser.h"
@@ -36,24 +40,35 @@ QByteArray readAll(const QString& path)
     return file.readAll();
 }
 
-void writeFile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    file.open(QIODevice::WriteOnly | QIODevice::Truncate);
-    file.write(bytes);
-}
-
 // An image that a controller read of another set would leave.
 CtParaImage earlierImage()
 {
     CtParaImage image;
     image[1] = 4321;
-    image[MotorCodeEntry] = QStringLiteral("42D001");
+    image[MotorCodeEntry] = "42D001";
     return image;
 }
 
+class FixedSelector : public DeviceSelector {
+public:
+    bool selectDevice() override
+    {
+        ProgramState& g = ProgramState::instance();
+        g.gActSize = size;
+        g.gActKindChar = "L";
+        g.gActNumber = 100;
+        g.gPgUse = encoder;
+        return false;
+    }
+    QString size = "28";
+    bool encoder = false;
+};
+
+const QByteArray ValidHeader = "\"QM-B4\",\"QM-CMNPRM\",3\r\n";
+
 } // namespace
 
+// The parameter file, its buttons, and the standard parameter list.
 class TestParaFile : public QObject {
     Q_OBJECT
 
@@ -64,43 +79,20 @@ private slots:
         ProgramState::instance().gMsgBase = 10000;
         prompter.clear();
         files = ScriptedFileChooser();
+        data = ParaData();
+        data.set = Size28Set();
+        ParametaHyoji(data.set, screen);
+        selector = FixedSelector();
+        DataFiles::setProgramFolder(dir.path());
+        QFile::remove(listPath());
+        QVERIFY(QFile::copy(QFINDTESTDATA("../../resources/data/hb4cmstpr.lst"), listPath()));
     }
-
-    void savedFileHasTheExactLayout()
-    {
-        const QString path = dir.filePath(QStringLiteral("a.pmt"));
-        ParaSet set = Size28Set();
-        set.axis.motorCode = QStringLiteral("stale");
-        QCOMPARE(SaveParaFile(path, set), 0);
-        QCOMPARE(readAll(path), Size28File);
-        QCOMPARE(set.axis.motorCode, QStringLiteral("28L100"));
-    }
-
-    void saveAndLoadGiveTheSameSet()
-    {
-        const QString path = dir.filePath(QStringLiteral("b.pmt"));
-        ParaSet set = Size28Set();
-        set.axis.motorNumber = 7;
-        set.axis.axisValue = 262143;
-        set.reserved = {0, 1, 2, 3, 4, 5, 255};
-        QCOMPARE(SaveParaFile(path, set), 0);
-        QVERIFY(readAll(path).contains("\r\n\"28L007\"\r\n"));
-        QVERIFY(readAll(path).contains("\r\n262143\r\n"));
-
-        CtParaImage image;
-        QCOMPARE(LoadParaFile(path, image, prompter), 0);
-        QCOMPARE(image[0].toString(), QStringLiteral("b.pmt"));
-        QCOMPARE(image[6].toDouble(), 262143.0);
-        ParaSet back;
-        TakeCtParaImage(image, back);
-        QVERIFY(SameSet(back, set));
-        QVERIFY(prompter.shown.isEmpty());
-    }
+    void cleanupTestCase() { DataFiles::setProgramFolder({}); }
 
     void onlyTheHomeSection()
     {
-        const QString path = dir.filePath(QStringLiteral("home.pmt"));
-        writeFile(path, "\"QM-KTR\",\"PRM\"\r\n1\r\n\"HOME\",5,1\r\n31\r\n32\r\n33\r\n34\r\n35\r\n");
+        const QString path = dir.filePath("home.pmt");
+        WriteBytes(path, "\"QM-KTR\",\"PRM\"\r\n1\r\n\"HOME\",5,1\r\n31\r\n32\r\n33\r\n34\r\n35\r\n");
         CtParaImage image = earlierImage();
         QCOMPARE(LoadParaFile(path, image, prompter), 0);
         for (int entry = 1; entry <= 5; ++entry)
@@ -109,29 +101,11 @@ private slots:
             QCOMPARE(image[entry], QVariant(QString()));
     }
 
-    void notAParameterFile_data()
-    {
-        QTest::addColumn<QByteArray>("header");
-        QTest::newRow("other kind") << QByteArray("\"QM-KTR\",\"QMD\"\r\n6\r\n");
-        QTest::newRow("other model") << QByteArray("\"QM-B4\",\"PRM\"\r\n6\r\n");
-    }
-    void notAParameterFile()
-    {
-        QFETCH(QByteArray, header);
-        const QString path = dir.filePath(QStringLiteral("other.pmt"));
-        writeFile(path, header + "\"HOME\",5,1\r\n1\r\n1\r\n1\r\n1\r\n1\r\n");
-        CtParaImage image = earlierImage();
-        QCOMPARE(LoadParaFile(path, image, prompter), 1);
-        QCOMPARE(prompter.texts(), QStringList{"Not parameter file for QM-B4.\r\nOpening file is canceled."});
-        QCOMPARE(image[1].toInt(), 4321);
-        QCOMPARE(image[MotorCodeEntry].toString(), QStringLiteral("42D001"));
-    }
-
     // The sections must come in their order; what was read before stays.
     void sectionOutOfOrder()
     {
-        const QString path = dir.filePath(QStringLiteral("order.pmt"));
-        writeFile(path, "\"QM-KTR\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n2\r\n3\r\n4\r\n5\r\n"
+        const QString path = dir.filePath("order.pmt");
+        WriteBytes(path, "\"QM-KTR\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n2\r\n3\r\n4\r\n5\r\n"
                         "\"PG\",2,1\r\n0\r\n1000\r\n");
         CtParaImage image = earlierImage();
         QCOMPARE(LoadParaFile(path, image, prompter), 1);
@@ -149,27 +123,24 @@ private slots:
             << QByteArray("\"QM-KTR\",\"PRM\"\r\n1\r\n\"HOME\",45,1\r\n") + QByteArray("1\r\n").repeated(45);
         QTest::newRow("seven sections counted") << QByteArray(Size28File).replace("\r\n6\r\n", "\r\n7\r\n");
         QTest::newRow("motor number too large") << QByteArray(Size28File).replace("28L100", "28L9e9");
+        QTest::newRow("missing file") << QByteArray();
     }
     void brokenFiles()
     {
         QFETCH(QByteArray, content);
-        const QString path = dir.filePath(QStringLiteral("broken.pmt"));
-        writeFile(path, content);
+        const QString path = dir.filePath("broken.pmt");
+        QFile::remove(path);
+        if (!content.isEmpty())
+            WriteBytes(path, content);
         CtParaImage image;
         QCOMPARE(LoadParaFile(path, image, prompter), -1);
         QVERIFY(prompter.shown.isEmpty());
     }
 
-    void missingFile()
-    {
-        CtParaImage image;
-        QCOMPARE(LoadParaFile(dir.filePath(QStringLiteral("none.pmt")), image, prompter), -1);
-    }
-
     void failedSaveKeepsTheOldFile()
     {
-        const QString path = dir.filePath(QStringLiteral("keep.pmt"));
-        writeFile(path, "old contents");
+        const QString path = dir.filePath("keep.pmt");
+        WriteBytes(path, "old contents");
         ParaSet set = Size28Set();
         {
             FileSizeLimit limit(64);
@@ -181,27 +152,17 @@ private slots:
     // The save button: checks first, then the dialog, then the file.
     void saveButton()
     {
-        ParaData data;
-        data.set = Size28Set();
         data.paraEdited = true;
-        ParaScreen screen;
-        ParametaHyoji(data.set, screen);
-        ParaFileCommands commands(prompter, files);
-
-        const QString first = dir.filePath(QStringLiteral("saved.pmt"));
+        const QString first = dir.filePath("saved.pmt");
         files.setNextFileName(first);
+        ParaFileCommands commands(prompter, files);
         commands.cmdSaveParaFile_Click(data, screen);
         QCOMPARE(prompter.texts(), QStringList{"Completed save parameters into the file."});
         QCOMPARE(readAll(first), Size28File);
-        QCOMPARE(files.requests.size(), 1);
-        const ScriptedFileChooser::Request& asked = files.requests[0];
-        QVERIFY(asked.save);
-        QCOMPARE(asked.title, QStringLiteral("Save Parameters as ..."));
-        QCOMPARE(asked.filter, QStringLiteral("Parameter(*.pmt)|*.pmt|All files(*.*)|*.*"));
-        QCOMPARE(asked.defaultExtension, QStringLiteral("pmt"));
-        QCOMPARE(asked.proposedName, QStringLiteral("KTRpara.pmt"));
-        QVERIFY(!data.paraEdited);
-
+        const ScriptedFileChooser::Request& asked = files.requests.at(0);
+        QCOMPARE((QStringList{asked.title, asked.filter, asked.defaultExtension, asked.proposedName}),
+                 (QStringList{"Save Parameters as ...", "Parameter(*.pmt)|*.pmt|All files(*.*)|*.*", "pmt", "KTRpara.pmt"}));
+        QVERIFY(asked.save && !data.paraEdited);
         commands.cmdSaveParaFile_Click(data, screen);
         QCOMPARE(files.requests[1].proposedName, first);
     }
@@ -209,105 +170,163 @@ private slots:
     void saveButtonRefuses_data()
     {
         QTest::addColumn<QString>("vel");
+        QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("message");
-        QTest::newRow("empty box") << "" << "No data in some of parameters.\r\n Please fill the data in and try it again.";
-        QTest::newRow("VEL 61") << "61" << "Invalid value in some parameters.";
-        QTest::newRow("letters") << "x" << "Invalid value in some parameters.";
+        QTest::addColumn<int>("asked");
+        QTest::newRow("empty box") << "" << "x.pmt" << "No data in some of parameters.\r\n Please fill the data in and try it again." << 0;
+        QTest::newRow("VEL 61") << "61" << "x.pmt" << "Invalid value in some parameters." << 0;
+        QTest::newRow("letters") << "x" << "x.pmt" << "Invalid value in some parameters." << 0;
+        QTest::newRow("dialog cancelled") << "10" << "" << QString() << 1;
+        QTest::newRow("cannot write") << "10" << "no/such/folder/x.pmt" << "Fail to  Save parameters into the file." << 1;
     }
     void saveButtonRefuses()
     {
         QFETCH(QString, vel);
+        QFETCH(QString, name);
         QFETCH(QString, message);
-        ParaData data;
-        data.set = Size28Set();
-        ParaScreen screen;
-        ParametaHyoji(data.set, screen);
         screen.txtHomeVel = vel;
-        files.setNextFileName(dir.filePath(QStringLiteral("never.pmt")));
+        files.setNextFileName(name.isEmpty() ? name : dir.filePath(name));
         ParaFileCommands(prompter, files).cmdSaveParaFile_Click(data, screen);
-        QCOMPARE(prompter.texts(), QStringList{message});
-        QVERIFY(files.requests.isEmpty());
-        QVERIFY(!QFile::exists(dir.filePath(QStringLiteral("never.pmt"))));
-    }
-
-    void saveButtonCancelledOrFailing()
-    {
-        ParaData data;
-        data.set = Size28Set();
-        ParaScreen screen;
-        ParametaHyoji(data.set, screen);
-        ParaFileCommands commands(prompter, files);
-        commands.cmdSaveParaFile_Click(data, screen);
-        QVERIFY(prompter.shown.isEmpty());
-
-        files.setNextFileName(dir.filePath(QStringLiteral("no/such/folder/x.pmt")));
-        commands.cmdSaveParaFile_Click(data, screen);
-        QCOMPARE(prompter.texts(), QStringList{"Fail to  Save parameters into the file."});
+        QCOMPARE(prompter.texts(), message.isNull() ? QStringList() : QStringList{message});
+        QTEST(int(files.requests.size()), "asked");
+        QVERIFY(!QFile::exists(dir.filePath("x.pmt")));
     }
 
     void openButton()
     {
-        const QString path = dir.filePath(QStringLiteral("open.pmt"));
-        writeFile(path, QByteArray(Size28File).replace("\"28L100\"", "\"35L007\""));
-        ParaData data;
-        ParaScreen screen;
+        const QString path = dir.filePath("open.pmt");
+        WriteBytes(path, QByteArray(Size28File).replace("\"28L100\"", "\"35L007\"").replace("65535", "262143"));
         files.setNextFileName(path);
         ParaFileCommands(prompter, files).cmdReadParaFile_Click(data, screen);
         QVERIFY(prompter.shown.isEmpty());
-        QCOMPARE(files.requests[0].title, QStringLiteral("Open Parameter file"));
-        QCOMPARE(files.requests[0].defaultExtension, QStringLiteral("pmt"));
-        QCOMPARE(screen.comboActSize, QStringLiteral("35"));
-        QCOMPARE(screen.txtDenryu, QStringLiteral("1.6"));
-        QCOMPARE(screen.txtPgAlarm, QStringLiteral("1000"));
-        QCOMPARE(data.set.axis.motorNumber, qint16(7));
+        QCOMPARE(files.requests[0].title, "Open Parameter file");
+        QCOMPARE(files.requests[0].defaultExtension, "pmt");
+        QCOMPARE(screen.comboActSize, "35");
+        QCOMPARE(screen.txtDenryu, "1.6");
+        ParaSet expected = Size28Set();
+        expected.axis = {.actType = 2, .axisByte = 2, .pulse = 400, .axisValue = 262143, .dependentByte = 20,
+                         .autoDrive = 0, .motorCode = "35L007", .sizeText = "35", .letter = "L", .motorNumber = 7};
+        QCOMPARE(Fields(data.set), Fields(expected));
         QCOMPARE(data.fileName, path);
     }
 
-    // A refused header still shows the image in hand (only a broken read
-    // stops the open).
-    void openButtonAfterAWrongHeaderShowsTheOldImage()
+    // A refused header still shows the image in hand; a broken file shows nothing.
+    void openButtonOnABadFile_data()
     {
-        const QString path = dir.filePath(QStringLiteral("kind.pmt"));
-        writeFile(path, "\"QM-KTR\",\"QMD\"\r\n6\r\n");
-        ParaData data;
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<QString>("offset");
+        QTest::newRow("not a parameter file") << QByteArray("\"QM-KTR\",\"QMD\"\r\n6\r\n")
+                                              << "Not parameter file for QM-B4.\r\nOpening file is canceled." << "30";
+        QTest::newRow("other model") << QByteArray("\"QM-B4\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n1\r\n1\r\n1\r\n1\r\n")
+                                     << "Not parameter file for QM-B4.\r\nOpening file is canceled." << "30";
+        QTest::newRow("ends early") << QByteArray("\"QM-KTR\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n")
+                                    << "Fail to open parameter file." << "";
+        QTest::newRow("value too large for its field") << QByteArray(Size28File).replace("0\r\n30\r\n10", "0\r\n30\r\n99999")
+                                                       << "Fail to open parameter file." << "";
+        QTest::newRow("text for a number") << QByteArray(Size28File).replace("\"PG\",2,1\r\n0", "\"PG\",2,1\r\n\"on\"")
+                                           << "Fail to open parameter file." << "";
+    }
+    void openButtonOnABadFile()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(QString, message);
+        const QString path = dir.filePath("bad.pmt");
+        WriteBytes(path, content);
         DecodeParaBlocks(Size28Replies(), data.image);
-        ParaScreen screen;
+        screen = ParaScreen();
         files.setNextFileName(path);
         ParaFileCommands(prompter, files).cmdReadParaFile_Click(data, screen);
-        QCOMPARE(prompter.texts(), QStringList{"Not parameter file for QM-B4.\r\nOpening file is canceled."});
-        QCOMPARE(screen.txtHomeOffset, QStringLiteral("30"));
+        QCOMPARE(prompter.texts(), QStringList{message});
+        QTEST(screen.txtHomeOffset, "offset");
+        QCOMPARE(Fields(data.set), Fields(Size28Set()));
         QVERIFY(data.fileName.isEmpty());
     }
 
-    void openButtonOnABrokenFile_data()
+    // The shipped list gives a size-28 actuator without encoder exactly the
+    // values a fresh controller holds.
+    void size28WithoutEncoderIsTheFactorySet()
+    {
+        standard().SetStandardPara(data, screen);
+        ParaSet expected = Size28Set();
+        expected.axis.motorCode = "28L-100";
+        QCOMPARE(Fields(data.set), Fields(expected));
+        QVERIFY(prompter.shown.isEmpty() && data.paraEdited);
+        QCOMPARE(screen.txtPgAlarm, "1000");
+    }
+
+    void sizesAndEncoder_data()
+    {
+        QTest::addColumn<QString>("size");
+        QTest::addColumn<bool>("encoder");
+        QTest::addColumn<QString>("sizeText");
+        QTest::addColumn<QString>("code");
+        QTest::newRow("35 with encoder") << "35" << true << "35" << "35L-100";
+        QTest::newRow("SP is written 20") << "SP" << true << "20" << "20L-100";
+        QTest::newRow("no size chosen") << "" << false << "" << "  L-100";
+    }
+    void sizesAndEncoder()
+    {
+        QFETCH(QString, size);
+        QFETCH(bool, encoder);
+        selector.size = size;
+        selector.encoder = encoder;
+        standard().SetStandardPara(data, screen);
+        QTEST(data.set.axis.sizeText, "sizeText");
+        QTEST(data.set.axis.motorCode, "code");
+        QCOMPARE(data.set.pg.function, qint16(encoder));
+        QCOMPARE(screen.comboPgFunc, int(encoder));
+    }
+
+    void listFailures_data()
     {
         QTest::addColumn<QByteArray>("content");
-        QTest::newRow("ends early") << QByteArray("\"QM-KTR\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n");
-        QTest::newRow("value too large for its field")
-            << QByteArray(Size28File).replace("\"HOME\",5,1\r\n30\r\n30\r\n10", "\"HOME\",5,1\r\n30\r\n30\r\n99999");
-        QTest::newRow("text for a number")
-            << QByteArray(Size28File).replace("\"PG\",2,1\r\n0", "\"PG\",2,1\r\n\"on\"");
+        QTest::newRow("wrong kind") << QByteArray("\"QM-B4\",\"QM-PRM\",3\r\n");
+        QTest::newRow("22 rows") << ValidHeader + "\"PG\",22,1\r\n" + QByteArray("1\r\n").repeated(22);
+        QTest::newRow("4 columns") << ValidHeader + "\"PG\",1,4\r\n1,2,3,4\r\n";
+        QTest::newRow("text for a value") << ValidHeader + "\"PG\",1,2\r\n\"on\",1\r\n";
+        QTest::newRow("value too large") << ValidHeader + "\"PG\",1,2\r\n40000,40000\r\n";
+        QTest::newRow("missing") << QByteArray();
     }
-    void openButtonOnABrokenFile()
+    void listFailures()
     {
         QFETCH(QByteArray, content);
-        const QString path = dir.filePath(QStringLiteral("broken2.pmt"));
-        writeFile(path, content);
-        ParaData data;
-        data.set = Size28Set();
-        ParaScreen screen;
-        screen.txtHomeOffset = QStringLiteral("untouched");
-        files.setNextFileName(path);
-        ParaFileCommands(prompter, files).cmdReadParaFile_Click(data, screen);
-        QCOMPARE(prompter.texts(), QStringList{"Fail to open parameter file."});
-        QCOMPARE(screen.txtHomeOffset, QStringLiteral("untouched"));
-        QVERIFY(SameSet(data.set, Size28Set()));
+        QFile::remove(listPath());
+        if (!content.isEmpty())
+            WriteBytes(listPath(), content);
+        ParaSet set = Size28Set();
+        set.home.offset = 5;
+        QCOMPARE(standard().ApplyStandardPara(set), 1);
+        QCOMPARE(prompter.texts(), QStringList{content.isEmpty() ? MsgLines({28, 29})
+                                                                 : "Fail to open standard parameter file for QM-B4."});
+        QCOMPARE(set.home.offset, 5);
+    }
+
+    // Rows run on across the sections; a section out of order ends the
+    // reading, and the rows after it are empty (zero).
+    void sectionsRunOn()
+    {
+        WriteBytes(listPath(), ValidHeader + "\"PG\",2,1\r\n1\r\n777\r\n\"SPECIAL\",6,1\r\n9\r\n9\r\n9\r\n9\r\n9\r\n9\r\n");
+        StdParaList list;
+        QCOMPARE(list.ReadStdParaList(prompter), 0);
+        QCOMPARE(list.value(1, 0).toInt(), 777);
+        QVERIFY(!list.value(2, 0).isValid());
+        ParaSet set = Size28Set();
+        QCOMPARE(standard().ApplyStandardPara(set), 0);
+        QCOMPARE((QList<int>{set.pg.alm, set.special.pgTimer, set.etc.inpWid}), (QList<int>{777, 0, 0}));
     }
 
 private:
+    QString listPath() const { return dir.filePath("hb4cmstpr.lst"); }
+    StandardPara standard() { return StandardPara(lock, prompter, selector); }
+
     QTemporaryDir dir;
     ScriptedPrompter prompter;
     ScriptedFileChooser files;
+    ParaData data;
+    ParaScreen screen;
+    FixedSelector selector;
+    ControlLock lock;
 };
 
 QTEST_APPLESS_MAIN(TestParaFile)

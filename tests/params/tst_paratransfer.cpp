@@ -1,49 +1,117 @@
-#include "ParaRig.h"
+#include "ParaFixtures.h"
 
+#include "common/ControlLock.h"
+#include "common/DataFiles.h"
 #include "common/MessageTable.h"
-#include "params/ParaBlockCodec.h"
+#include "common/ProgramState.h"
+#include "device/DeviceList.h"
+#include "link/CommandSet.h"
+#include "link/ErrorList.h"
+#include "link/Link.h"
+#include "link/SequenceContext.h"
+#include "params/ParaData.h"
 #include "params/ParaFile.h"
-#include "params/ParaMemoryMap.h"
 #include "params/ParaReadCommand.h"
+#include "params/ParaScreenTransfer.h"
 #include "params/ParaVerifyCommand.h"
 #include "params/ParaWriteCommand.h"
 
+#include "support/FakeSerialPort.h"
+#include "support/RecordingAlarmDisplay.h"
+#include "support/ScriptedFileChooser.h"
+#include "support/ScriptedPrompter.h"
+#include "support/TempSettings.h"
+
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
 
-const QString SendingWindow = QStringLiteral("window Sending Data to the controller... 7");
-
-std::array<QString, 3> spDigits()
+const QString Question = QStringLiteral("Save the editing data before reading data?");
+const QString Empty = QStringLiteral("No data in some of parameters.\r\n Please fill the data in and try it again.");
+const QString NoDeviceList = QStringLiteral("No device list file.\r\nPut device list file in the folder in which the program is "
+                                            "saved in order to indicate device information correctly.");
+// A transfer between the lock calls.
+QStringList Locked(const QStringList& transfer)
 {
-    std::array<QString, 3> d = Size28Digits();
-    d[1].replace(18, 2, QStringLiteral("14")); // size 20
-    d[1].replace(26, 2, QStringLiteral("03")); // its size code
-    return d;
+    return QStringList{"Menyu_Muko", "ParaCMDBTN_Muko", "tabs off"} + transfer + QStringList{"tabs on", "ParaCMDBTN_Yuko", "Menyu_Yuko"};
 }
 
-void answerWrite(FakeSerialPort& port, const ParaSet& set)
+// Block 1 of the size-28 set with another size byte and size code.
+QString Block1(const QString& size = "1C", const QString& code = "00")
 {
-    port.answer("0RA", "0RA1\r\n");
-    const auto blocks = EncodeParaBlocks(set);
-    for (int b = 0; b < 3; ++b)
-        port.answer("0WD" + blocks.at(size_t(b)).toLatin1(), "0WD" + QByteArray::number(b) + "\r\n");
-    port.answer("0WE", "0WE\r\n");
+    return Size28Digits()[1].replace(18, 2, size).replace(26, 2, code);
 }
 
-QStringList writeFrames(const ParaSet& set)
-{
-    const auto blocks = EncodeParaBlocks(set);
-    return {"0RA", "0WD" + blocks[0], "0WD" + blocks[1], "0WD" + blocks[2], "0WE"};
-}
+// The lock and progress calls of a sequence, in their order.
+class Recorder : public ControlLock, public ProgressDisplay {
+public:
+    void Menyu_Muko() override { calls << "Menyu_Muko"; }
+    void Menyu_Yuko() override { calls << "Menyu_Yuko"; }
+    void ParaCMDBTN_Muko() override { calls << "ParaCMDBTN_Muko"; }
+    void ParaCMDBTN_Yuko() override { calls << "ParaCMDBTN_Yuko"; }
+    void setTabsEnabled(bool on) override { calls << (on ? "tabs on" : "tabs off"); }
+    void Disp_ProgressBar(int maximum) override { calls << QStringLiteral("bar %1").arg(maximum); }
+    void setProgress(int value) override { calls << QStringLiteral("bar = %1").arg(m_value = value); }
+    int progress() const override { return m_value; }
+    void Hide_ProgressBar() override { calls << "bar hidden"; }
+    void showTransfer(const QString& text, int maximum) override { calls << QStringLiteral("window %1 %2").arg(text).arg(maximum); }
+    void setTransferProgress(int value) override { calls << QStringLiteral("window = %1").arg(value); }
+    void hideTransfer() override { calls << "window hidden"; }
+    QStringList calls;
 
-ParaSet spSet()
-{
-    ParaSet set = Size28Set();
-    set.axis.sizeText = QStringLiteral("20");
-    set.axis.motorCode = QStringLiteral("20L100");
-    return set;
-}
+private:
+    int m_value = 0;
+};
+
+// A parameter page on a scripted controller: English, port-occupy off, the
+// device list of four sizes beside the "program", the page showing size 28.
+struct ParaRig {
+    ParaRig()
+    {
+        ProgramState::reset();
+        ProgramState::instance().gMsgBase = 10000;
+        ProgramState::instance().gPortOccupy = false;
+        link.setPortNaming([](int n) { return QStringLiteral("port%1").arg(n); });
+        DataFiles::setProgramFolder(dir.path());
+        WriteBytes(dir.filePath("nqmdevice.lst"), "4\r\n\"28\",1,2,3,4\r\n\"35\",1,2,3,4\r\n\"42\",1,2,3,4\r\n\"SP\",1,2,3,4\r\n");
+        data.set = Size28Set();
+        ParametaHyoji(data.set, screen);
+    }
+    ~ParaRig() { DataFiles::setProgramFolder({}); }
+
+    // The controller answers reads of blocks 0 to 2 (block 1 as given) and 7 (with a current).
+    void answerReads(const QString& block1 = Block1(), const QString& current = "0AFC")
+    {
+        const QString digits[] = {Size28Digits()[0], block1, Size28Digits()[2]};
+        for (int b = 0; b < 3; ++b)
+            port.answer("0RD" + QByteArray::number(b), ReadReply(b, digits[b]).toLatin1());
+        port.answer("0RD7", ReadReply(7, "0123456789AB" + current + QString(16, u'0')).toLatin1());
+    }
+    void answerWrite(const QString& block1 = Block1())
+    {
+        const QString digits[] = {Size28Digits()[0], block1, Size28Digits()[2]};
+        port.answer("0RA", "0RA1\r\n");
+        for (int b = 0; b < 3; ++b)
+            port.answer(QStringLiteral("0WD%1%2").arg(b).arg(digits[b]).toLatin1(), "0WD" + QByteArray::number(b) + "\r\n");
+        port.answer("0WE", "0WE\r\n");
+    }
+
+    TempSettings settings;
+    QTemporaryDir dir;
+    FakeSerialPort port;
+    ScriptedPrompter prompter;
+    RecordingAlarmDisplay alarms;
+    ErrorList errors;
+    Link link{port, prompter, alarms, errors};
+    CommandSet commands{link};
+    Recorder recorder;
+    ScriptedFileChooser files;
+    SequenceContext context{link, commands, prompter, recorder, recorder, files};
+    DeviceList devices;
+    ParaData data;
+    ParaScreen screen;
+};
 
 } // namespace
 
@@ -53,90 +121,57 @@ class TestParaTransfer : public QObject {
     Q_OBJECT
 
 private slots:
-    void readShowsTheControllersSet()
+    // The set is taken in only when all of it came in and fits; otherwise the
+    // page is left as it was. The current of the special actuator is shown
+    // only when the 16-bit display arithmetic does not overflow (1.5 A does).
+    void read_data()
     {
-        ParaRig rig;
-        ParaSet earlier = Size28Set();
-        earlier.home.vel = 20;
-        rig.show(earlier);
-        rig.data.paraEdited = true;
-        rig.answerReads(Size28Digits());
-        rig.answerBlock7(QStringLiteral("0AFC"));
-        ParaReadCommand(rig.context, rig.data, rig.devices).cmdParaRead_Click(rig.screen);
-
-        QCOMPARE(rig.frames(), (QStringList{"0RD0", "0RD1", "0RD2", "0RD7"}));
-        QVERIFY(rig.prompter.shown.isEmpty());
-        QVERIFY(SameSet(rig.data.set, Size28Set()));
-        QCOMPARE(rig.data.image[MotorCodeEntry].toString(), QStringLiteral("28L100"));
-        QCOMPARE(rig.screen.txtHomeVel, QStringLiteral("10"));
-        QCOMPARE(rig.screen.txtDenryu, QStringLiteral("1.5"));
-        QVERIFY(!rig.data.paraEdited);
-        QCOMPARE(rig.progress.calls, (QStringList{"bar 4", "bar = 1", "bar = 2", "bar = 3", "bar hidden"}));
-        QCOMPARE(rig.lock.calls, (QStringList{"Menyu_Muko", "ParaCMDBTN_Muko", "tabs off", "tabs on", "ParaCMDBTN_Yuko", "Menyu_Yuko"}));
-        QVERIFY(!ProgramState::instance().gCommBusy);
-        QVERIFY(!rig.port.isOpen());
+        QTest::addColumn<QString>("block1");
+        QTest::addColumn<int>("frames");
+        QTest::addColumn<QStringList>("texts");
+        QTest::addColumn<QString>("sizeTaken");
+        QTest::newRow("size 28") << Block1() << 4 << QStringList() << "28";
+        QTest::newRow("SP current too large to show") << Block1("14", "03") << 4 << QStringList{"The operating current in the controller is too large to be shown. The other parameters have been read."} << "20";
+        QTest::newRow("error reply to block 1") << "error" << 2 << QStringList{"Communication error occurs!\r\n[]"} << "";
+        QTest::newRow("motor number beyond 16 bits") << Size28Digits()[1].replace(22, 4, "8000") << 3 << QStringList{"The controller holds a parameter value that this program cannot take in. The display is left as it was."} << "";
+        QTest::newRow("no device list") << "" << 0 << QStringList{NoDeviceList, "Failed check of parameters."} << "";
     }
-
-    // Nothing is converted unless all three blocks came in.
-    void failedReadLeavesEverything()
+    void read()
     {
+        QFETCH(QString, block1);
+        QFETCH(int, frames);
+        QFETCH(QString, sizeTaken);
         ParaRig rig;
-        rig.show(Size28Set());
+        rig.data.set.home.vel = 20;
+        const ParaSet earlier = rig.data.set;
         rig.data.image[1] = 4321;
-        rig.screen.txtHomeOffset = QStringLiteral("77");
-        rig.port.answer("0RD1", "0%%101\r\n");
-        rig.answerReads(spDigits());
+        rig.data.paraEdited = true;
+        rig.screen.txtHomeOffset = "77";
+        rig.screen.txtDenryu = "0.9";
+        if (block1 == "error")
+            rig.port.answer("0RD1", "0%%101\r\n");
+        if (block1.isEmpty())
+            QFile::remove(rig.dir.filePath("nqmdevice.lst"));
+        rig.answerReads(block1);
         ProgramState::instance().gCommBusy = true;
-        ParaReadCommand(rig.context, rig.data, rig.devices).GetParametaValue(rig.screen);
-
-        QCOMPARE(rig.frames(), (QStringList{"0RD0", "0RD1"}));
-        QCOMPARE(rig.prompter.shown.size(), 1);
-        QVERIFY(rig.prompter.lastText().startsWith(QStringLiteral("Communication error occurs!")));
-        QCOMPARE(rig.data.image[1].toInt(), 4321);
-        QCOMPARE(rig.screen.txtHomeOffset, QStringLiteral("77"));
-        QVERIFY(SameSet(rig.data.set, Size28Set()));
-        QCOMPARE(rig.progress.calls.last(), QStringLiteral("bar hidden"));
-        QVERIFY(!ProgramState::instance().gCommBusy);
-    }
-
-    void spCurrentIsReadBack()
-    {
-        ParaRig rig;
-        rig.answerReads(spDigits());
-        rig.answerBlock7(QStringLiteral("012C"));
-        ParaReadCommand(rig.context, rig.data, rig.devices).GetParametaValue(rig.screen);
-        QCOMPARE(rig.screen.comboActSize, QStringLiteral("SP"));
-        QCOMPARE(rig.screen.txtDenryu, QStringLiteral("2.16"));
-        QVERIFY(rig.prompter.shown.isEmpty());
-    }
-
-    // 1.5 A overflows the 16-bit display arithmetic: the user is told, the
-    // parameters stay shown and the box keeps its text.
-    void spCurrentTooLargeToShow()
-    {
-        ParaRig rig;
-        rig.screen.txtDenryu = QStringLiteral("0.9");
-        rig.answerReads(spDigits());
-        rig.answerBlock7(QStringLiteral("0AFC"));
-        ParaReadCommand(rig.context, rig.data, rig.devices).GetParametaValue(rig.screen);
-        QCOMPARE(rig.prompter.texts(), QStringList{Msg(4300)});
-        QCOMPARE(rig.prompter.shown[0].icon, Prompter::Icon::Exclamation);
-        QCOMPARE(rig.screen.txtDenryu, QStringLiteral("0.9"));
-        QCOMPARE(rig.screen.txtPgAlarm, QStringLiteral("1000"));
-        QCOMPARE(rig.data.set.axis.sizeText, QStringLiteral("20"));
-    }
-
-    void motorNumberBeyond16Bits()
-    {
-        ParaRig rig;
-        rig.show(Size28Set());
-        std::array<QString, 3> digits = Size28Digits();
-        digits[1].replace(22, 4, QStringLiteral("8000"));
-        rig.answerReads(digits);
-        ParaReadCommand(rig.context, rig.data, rig.devices).GetParametaValue(rig.screen);
-        QCOMPARE(rig.prompter.texts(), QStringList{Msg(4303)});
-        QCOMPARE(rig.frames(), (QStringList{"0RD0", "0RD1", "0RD2"}));
-        QVERIFY(SameSet(rig.data.set, Size28Set()));
+        ParaReadCommand(rig.context, rig.data, rig.devices).cmdParaRead_Click(rig.screen);
+        QCOMPARE(rig.port.frames, (QList<QByteArray>{"0RD0", "0RD1", "0RD2", "0RD7"}.mid(0, frames)));
+        QTEST(rig.prompter.texts(), "texts");
+        QVERIFY(!ProgramState::instance().gCommBusy && !rig.port.isOpen());
+        QCOMPARE(rig.screen.txtDenryu, sizeTaken == "28" ? "1.5" : "0.9");
+        QCOMPARE(rig.data.set.axis.sizeText, sizeTaken.isEmpty() ? "28" : sizeTaken);
+        QCOMPARE(rig.data.set.home.vel, sizeTaken.isEmpty() ? 20 : 10);
+        QCOMPARE(rig.screen.txtHomeOffset, sizeTaken.isEmpty() ? "77" : "30");
+        QCOMPARE(rig.data.paraEdited, sizeTaken.isEmpty());
+        if (sizeTaken == "28") {
+            QCOMPARE(Fields(rig.data.set), Fields(Size28Set()));
+            QCOMPARE(rig.recorder.calls, Locked({"bar 4", "bar = 1", "bar = 2", "bar = 3", "bar hidden"}));
+        }
+        if (sizeTaken.isEmpty())
+            QCOMPARE(Fields(rig.data.set), Fields(earlier));
+        // Nothing is decoded unless all three blocks came in.
+        if (frames < 3)
+            QCOMPARE(rig.data.image[1].toInt(), 4321);
     }
 
     void saveQuestionBeforeReading_data()
@@ -146,12 +181,10 @@ private slots:
         QTest::addColumn<Prompter::Answer>("answer");
         QTest::addColumn<QStringList>("texts");
         QTest::addColumn<int>("frames");
-        const QString question = QStringLiteral("Save the editing data before reading data?");
-        const QString empty = QStringLiteral("No data in some of parameters.\r\n Please fill the data in and try it again.");
-        QTest::newRow("edited, empty box, Cancel") << true << true << Prompter::Answer::Cancel << QStringList{question} << 0;
-        QTest::newRow("edited, empty box, No") << true << true << Prompter::Answer::No << QStringList{question} << 4;
-        QTest::newRow("edited, empty box, Yes: the save refuses")
-            << true << true << Prompter::Answer::Yes << QStringList{question, empty} << 4;
+        QTest::newRow("edited, empty box, Cancel") << true << true << Prompter::Answer::Cancel << QStringList{Question} << 0;
+        QTest::newRow("edited, empty box, No") << true << true << Prompter::Answer::No << QStringList{Question} << 4;
+        QTest::newRow("Yes: the save refuses, nothing is read") << true << true << Prompter::Answer::Yes
+            << QStringList{Question, Empty, Msg(5000)} << 0;
         QTest::newRow("edited, boxes filled") << true << false << Prompter::Answer::Cancel << QStringList{} << 4;
         QTest::newRow("not edited") << false << true << Prompter::Answer::Cancel << QStringList{} << 4;
     }
@@ -160,119 +193,58 @@ private slots:
         QFETCH(bool, edited);
         QFETCH(bool, emptyBox);
         QFETCH(Prompter::Answer, answer);
-        QFETCH(QStringList, texts);
-        QFETCH(int, frames);
         ParaRig rig;
-        rig.show(Size28Set());
         if (emptyBox)
             rig.screen.txtPgAlarm.clear();
         rig.data.paraEdited = edited;
         rig.prompter.script({answer});
-        rig.answerReads(Size28Digits());
-        rig.answerBlock7(QStringLiteral("0000"));
+        rig.answerReads(Block1(), "0000");
         ParaReadCommand(rig.context, rig.data, rig.devices).GetParametaValue(rig.screen);
-        QCOMPARE(rig.prompter.texts(), texts);
-        if (!texts.isEmpty()) {
+        QTEST(rig.prompter.texts(), "texts");
+        if (!rig.prompter.shown.isEmpty())
             QCOMPARE(rig.prompter.shown[0].buttons, Prompter::Buttons::YesNoCancel);
-            QCOMPARE(rig.prompter.shown[0].icon, Prompter::Icon::Question);
-        }
-        QCOMPARE(rig.port.frames.size(), frames);
+        QTEST(int(rig.port.frames.size()), "frames");
     }
 
-    void missingDeviceListStopsTheRead()
-    {
-        ParaRig rig;
-        QFile::remove(rig.dir.filePath(QStringLiteral("nqmdevice.lst")));
-        ParaReadCommand(rig.context, rig.data, rig.devices).GetParametaValue(rig.screen);
-        QCOMPARE(rig.prompter.texts(), (QStringList{MsgLines({15, 16}), "Failed check of parameters."}));
-        QVERIFY(rig.port.frames.isEmpty());
-    }
-
-    void writeOfSize28SendsFourCommands()
-    {
-        ParaRig rig;
-        rig.show(Size28Set());
-        rig.data.paraEdited = true;
-        answerWrite(rig.port, Size28Set());
-        ParaWriteCommand(rig.context, rig.data).cmdParaWrite_Click(rig.screen);
-
-        QCOMPARE(rig.frames(), writeFrames(Size28Set()));
-        QCOMPARE(rig.frames()[1], QStringLiteral("0WD0001E1E0A0A0A0003E8000A0A00000000"));
-        QCOMPARE(rig.prompter.texts(), (QStringList{"Send parameters to controller?", "Completed writing parameters."}));
-        QCOMPARE(rig.prompter.shown[0].buttons, Prompter::Buttons::YesNo);
-        QCOMPARE(rig.progress.calls, (QStringList{SendingWindow, "window = 0", "window = 1", "window = 2",
-                                                  "window = 3", "window = 4", "window hidden"}));
-        QVERIFY(!rig.data.paraEdited);
-        QVERIFY(!ProgramState::instance().gCommBusy);
-        QCOMPARE(rig.lock.calls, (QStringList{"Menyu_Muko", "ParaCMDBTN_Muko", "tabs off", "tabs on", "ParaCMDBTN_Yuko", "Menyu_Yuko"}));
-    }
-
-    void writeOfTheSpecialActuatorSendsSeven()
-    {
-        ParaRig rig;
-        rig.show(spSet());
-        rig.screen.txtDenryu = QStringLiteral("1.5");
-        answerWrite(rig.port, spSet());
-        rig.answerBlock7(QStringLiteral("FFFF"));
-        rig.port.answer("0WD70123456789AB0AFC0000000000000000", "0WD7\r\n");
-        rig.port.answer("0WF", "0WF\r\n");
-        ParaWriteCommand(rig.context, rig.data).WriteParaWorker(rig.screen);
-
-        const QStringList block7Frames{"0RD7", "0WD70123456789AB0AFC0000000000000000", "0WF"};
-        QCOMPARE(rig.frames(), writeFrames(spSet()) + block7Frames);
-        QCOMPARE(rig.prompter.lastText(), QStringLiteral("Completed writing parameters."));
-        QCOMPARE(rig.progress.calls.mid(6), (QStringList{"window = 5", "window = 6", "window = 7", "window hidden"}));
-    }
-
-    void writeRefusals_data()
+    void write_data()
     {
         QTest::addColumn<QString>("vel");
         QTest::addColumn<Prompter::Answer>("answer");
         QTest::addColumn<QByteArray>("status");
-        QTest::addColumn<QStringList>("texts");
+        QTest::addColumn<QString>("told");
         QTest::addColumn<int>("frames");
-        const QString question = QStringLiteral("Send parameters to controller?");
-        QTest::newRow("No") << "10" << Prompter::Answer::No << QByteArray("0RA1\r\n") << QStringList{question} << 0;
-        QTest::newRow("empty box") << "" << Prompter::Answer::Yes << QByteArray("0RA1\r\n")
-            << QStringList{question, "No data in some of parameters.\r\n Please fill the data in and try it again."} << 0;
-        QTest::newRow("VEL 61") << "61" << Prompter::Answer::Yes << QByteArray("0RA1\r\n")
-            << QStringList{question, "Invalid value in some parameters.\r\nConfirm the value, and try it again."} << 0;
-        QTest::newRow("moving") << "10" << Prompter::Answer::Yes << QByteArray("0RA0\r\n")
-            << QStringList{question, "The writing of data is not made during movement."} << 1;
-        QTest::newRow("unknown status") << "10" << Prompter::Answer::Yes << QByteArray("0RA5\r\n")
-            << QStringList{question, "Communication Error occured."} << 1;
+        const auto yes = Prompter::Answer::Yes;
+        QTest::newRow("size 28: four commands") << "10" << yes << QByteArray("0RA1\r\n") << "Completed writing parameters." << 5;
+        QTest::newRow("No") << "10" << Prompter::Answer::No << QByteArray("0RA1\r\n") << QString() << 0;
+        QTest::newRow("empty box") << "" << yes << QByteArray("0RA1\r\n") << Empty << 0;
+        QTest::newRow("VEL 61") << "61" << yes << QByteArray("0RA1\r\n")
+                                << "Invalid value in some parameters.\r\nConfirm the value, and try it again." << 0;
+        QTest::newRow("moving") << "10" << yes << QByteArray("0RA0\r\n") << "The writing of data is not made during movement." << 1;
+        QTest::newRow("unknown status") << "10" << yes << QByteArray("0RA5\r\n") << "Communication Error occured." << 1;
     }
-    void writeRefusals()
+    void write()
     {
         QFETCH(QString, vel);
         QFETCH(Prompter::Answer, answer);
         QFETCH(QByteArray, status);
-        QFETCH(QStringList, texts);
+        QFETCH(QString, told);
         QFETCH(int, frames);
         ParaRig rig;
-        rig.show(Size28Set());
+        rig.data.paraEdited = true;
         rig.screen.txtHomeVel = vel;
         rig.prompter.script({answer});
         rig.port.answer("0RA", status);
-        ParaWriteCommand(rig.context, rig.data).WriteParaWorker(rig.screen);
-        QCOMPARE(rig.prompter.texts(), texts);
-        QCOMPARE(rig.port.frames.size(), frames);
-    }
-
-    // A reply naming another block: the write stops before "0WE".
-    void wrongEchoStopsTheWrite()
-    {
-        ParaRig rig;
-        rig.show(Size28Set());
-        const auto blocks = EncodeParaBlocks(Size28Set());
-        rig.port.answer("0RA", "0RA1\r\n");
-        rig.port.answer("0WD" + blocks[0].toLatin1(), "0WD0\r\n");
-        rig.port.answer("0WD" + blocks[1].toLatin1(), "0WD0\r\n");
-        ParaWriteCommand(rig.context, rig.data).WriteParaWorker(rig.screen);
-        QCOMPARE(rig.port.frames.size(), 3);
-        QCOMPARE(rig.prompter.texts().mid(1), (QStringList{"Communication error occurs!", "Fail to Write parameters."}));
-        QVERIFY(rig.link.gCommError);
-        QCOMPARE(rig.progress.calls.last(), QStringLiteral("window hidden"));
+        rig.answerWrite();
+        ParaWriteCommand(rig.context, rig.data).cmdParaWrite_Click(rig.screen);
+        QCOMPARE(rig.prompter.texts(), QStringList{"Send parameters to controller?"} + (told.isNull() ? QStringList() : QStringList{told}));
+        QCOMPARE(rig.prompter.shown[0].buttons, Prompter::Buttons::YesNo);
+        const auto d = Size28Digits();
+        const QList<QByteArray> all{"0RA", "0WD0" + d[0].toLatin1(), "0WD1" + d[1].toLatin1(), "0WD2" + d[2].toLatin1(), "0WE"};
+        QCOMPARE(rig.port.frames, all.mid(0, frames));
+        QCOMPARE(rig.data.paraEdited, frames < 5);
+        if (frames == 5)
+            QCOMPARE(rig.recorder.calls, Locked({"window Sending Data to the controller... 7", "window = 0", "window = 1",
+                                                   "window = 2", "window = 3", "window = 4", "window hidden"}));
     }
 
     void specialActuatorFailures_data()
@@ -280,90 +252,66 @@ private slots:
         QTest::addColumn<QString>("current");
         QTest::addColumn<QString>("block7");
         QTest::addColumn<int>("message");
-        QTest::newRow("current not a number") << "abc" << "0123456789AB0000" << 4301;
-        QTest::newRow("block 7 not hexadecimal") << "1.5" << "0123456789ABZZZZ" << 385;
+        QTest::newRow("current not a number") << "abc" << "0000" << 4301;
+        QTest::newRow("block 7 not hexadecimal") << "1.5" << "ZZZZ" << 385;
     }
     void specialActuatorFailures()
     {
-        QFETCH(QString, current);
         QFETCH(QString, block7);
-        QFETCH(int, message);
         ParaRig rig;
-        rig.show(spSet());
+        rig.data.set.axis.sizeText = "20";
+        ParametaHyoji(rig.data.set, rig.screen);
+        QFETCH(QString, current);
         rig.screen.txtDenryu = current;
-        answerWrite(rig.port, spSet());
-        rig.port.answer("0RD7", ("0RD7" + block7 + QString(16, u'0') + "\r\n").toLatin1());
+        rig.answerWrite(Block1("14", "03"));
+        rig.port.answer("0RD7", ReadReply(7, "0123456789AB" + block7 + QString(16, u'0')).toLatin1());
         ParaWriteCommand(rig.context, rig.data).WriteParaWorker(rig.screen);
-        QCOMPARE(rig.frames().last(), QStringLiteral("0RD7"));
+        QCOMPARE(rig.port.frames.last(), "0RD7");
+        QFETCH(int, message);
         QCOMPARE(rig.prompter.texts().mid(1), (QStringList{Msg(message), "Fail to Write parameters."}));
     }
 
-    void verifyWithTheController_data()
-    {
-        QTest::addColumn<QString>("alm");
-        QTest::addColumn<QString>("report");
-        QTest::newRow("equal") << "1000" << "Result of Verify - OK";
-        QTest::newRow("ALM differs") << "999" << "Result of Verify - NG\r\n<PG Parameter> :ALM,\r\n";
-    }
+    // An incomplete page is refused before anything is sent.
     void verifyWithTheController()
     {
-        QFETCH(QString, alm);
-        QFETCH(QString, report);
         ParaRig rig;
-        rig.show(Size28Set());
-        rig.screen.txtPgAlarm = alm;
-        rig.answerReads(Size28Digits());
+        rig.screen.txtHomeOffset = "0";
         ParaVerifyCommand(rig.context, rig.data).cmdConpareCT_Click(rig.screen);
-        QCOMPARE(rig.frames(), (QStringList{"0RD0", "0RD1", "0RD2"}));
-        QCOMPARE(rig.prompter.texts(), QStringList{report});
-        QCOMPARE(rig.prompter.shown[0].buttons, Prompter::Buttons::Ok);
-    }
-
-    void verifyRefusesAnIncompletePage()
-    {
-        ParaRig rig;
-        rig.show(Size28Set());
-        rig.screen.txtHomeOffset = QStringLiteral("0");
-        ParaVerifyCommand(rig.context, rig.data).CompareWithController(rig.screen);
         QCOMPARE(rig.prompter.texts(), QStringList{MsgLines({1524, 1525})});
         QVERIFY(rig.port.frames.isEmpty());
+        rig.screen.txtHomeOffset = "30";
+        rig.screen.txtPgAlarm = "999";
+        rig.answerReads();
+        ParaVerifyCommand(rig.context, rig.data).cmdConpareCT_Click(rig.screen);
+        QCOMPARE(rig.port.frames, (QList<QByteArray>{"0RD0", "0RD1", "0RD2"}));
+        QCOMPARE(rig.prompter.lastText(), "Result of Verify - NG\r\n<PG Parameter> :ALM,\r\n");
     }
 
-    void verifyWithAFile()
-    {
-        ParaRig rig;
-        rig.show(Size28Set());
-        ParaSet other = Size28Set();
-        other.special.lsTimer = 11;
-        const QString path = rig.dir.filePath(QStringLiteral("other.pmt"));
-        QCOMPARE(SaveParaFile(path, other), 0);
-        rig.files.setNextFileName(path);
-        ParaVerifyCommand(rig.context, rig.data).cmdConpareFile_Click(rig.screen);
-        QCOMPARE(rig.prompter.texts(), QStringList{"Result of Verify - NG\r\n<SP Parameter> :LS TIMER,\r\n"});
-        QCOMPARE(rig.files.requests[0].title, QStringLiteral("Open Parameter file"));
-        QVERIFY(rig.port.frames.isEmpty());
-    }
-
-    void verifyWithAFileThatCannotBeLoaded_data()
+    void verifyWithAFile_data()
     {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QStringList>("texts");
         const QString failed = QStringLiteral("Fail to open parameter file.");
+        QTest::newRow("LS TIMER differs") << QByteArray() << QStringList{"Result of Verify - NG\r\n<SP Parameter> :LS TIMER,\r\n"};
         QTest::newRow("not a parameter file") << QByteArray("\"QM-KTR\",\"QMD\",1\r\n")
             << QStringList{"Not parameter file for QM-B4.\r\nOpening file is canceled.", failed};
-        QTest::newRow("short file") << QByteArray("\"QM-KTR\",\"PRM\",6\r\n\"HOME\",5,1\r\n1\r\n")
-            << QStringList{failed};
+        QTest::newRow("short file") << QByteArray("\"QM-KTR\",\"PRM\",6\r\n\"HOME\",5,1\r\n1\r\n") << QStringList{failed};
     }
-    void verifyWithAFileThatCannotBeLoaded()
+    void verifyWithAFile()
     {
         QFETCH(QByteArray, content);
-        QFETCH(QStringList, texts);
         ParaRig rig;
-        rig.show(Size28Set());
-        rig.writeFile(QStringLiteral("bad.pmt"), content);
-        rig.files.setNextFileName(rig.dir.filePath(QStringLiteral("bad.pmt")));
-        ParaVerifyCommand(rig.context, rig.data).CompareWithFile(rig.screen);
-        QCOMPARE(rig.prompter.texts(), texts);
+        const QString path = rig.dir.filePath("other.pmt");
+        ParaSet other = Size28Set();
+        other.special.lsTimer = 11;
+        QCOMPARE(SaveParaFile(path, other), 0);
+        if (!content.isEmpty())
+            WriteBytes(path, content);
+        rig.files.setNextFileName(path);
+        ParaVerifyCommand(rig.context, rig.data).cmdConpareFile_Click(rig.screen);
+        QTEST(rig.prompter.texts(), "texts");
+        QCOMPARE(rig.files.requests[0].title, "Open Parameter file");
+        QVERIFY(rig.port.frames.isEmpty());
     }
 };
 

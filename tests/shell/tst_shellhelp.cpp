@@ -80,7 +80,6 @@ private slots:
         QTest::newRow("folder ending in /") << "/opt/ktr/" << "/opt/ktr/help/index.html";
         QTest::newRow("drive root") << "C:/" << "C:/help/index.html";
         QTest::newRow("drive root, backslash") << "C:\\" << "C:\\help/index.html";
-        QTest::newRow("Windows folder") << "D:/KTR-W5" << "D:/KTR-W5/help/index.html";
     }
     void helpPath()
     {
@@ -100,41 +99,41 @@ private slots:
         QCOMPARE(help.helpFile(), dir.path() + "/help/index.html");
     }
 
-    void helpOpensIndexPage()
+    // The index page goes to the browser; without the page, or without a
+    // browser, an information box says so (and where the page is).
+    void helpContents_data()
     {
+        QTest::addColumn<bool>("page");
+        QTest::addColumn<bool>("browser");
+        QTest::addColumn<QString>("text");   // %1: the page
+        const QString missing = "ヘルプファイルを表示できません。このプロジェクトに関連するヘルプファイルがありません。";
+        const QString noBrowser = "ヘルプを表示するブラウザを起動できませんでした。ヘルプファイルは次の場所にあります。\r\n%1";
+        QTest::newRow("opened") << true << true << QString();
+        QTest::newRow("no page") << false << true << missing;
+        QTest::newRow("no browser") << true << false << noBrowser;
+    }
+    void helpContents()
+    {
+        QFETCH(bool, page);
+        QFETCH(bool, browser);
+        QFETCH(QString, text);
         QTemporaryDir dir;
-        QDir(dir.path()).mkpath("help");
-        QFile page(dir.filePath("help/index.html"));
-        QVERIFY(page.open(QIODevice::WriteOnly));
-        page.close();
-
+        const QString index = QDir::toNativeSeparators(dir.filePath("help/index.html"));
+        if (page) {
+            QDir(dir.path()).mkpath("help");
+            QVERIFY(QFile(index).open(QIODevice::WriteOnly));
+        }
         HelpModule help;
         help.SetHelpFilePath(dir.path());
         QList<QUrl> opened;
-        help.setOpener([&](const QUrl& url) { opened << url; return true; });
+        help.setOpener([&](const QUrl& url) { opened << url; return browser; });
         ScriptedPrompter prompter;
         help.ShowHelpContents(prompter, Msg(414));
 
-        QCOMPARE(opened, QList<QUrl>{QUrl::fromLocalFile(dir.filePath("help/index.html"))});
-        QVERIFY(prompter.shown.isEmpty());
-    }
-
-    void helpMissing()
-    {
-        QTemporaryDir dir;
-        HelpModule help;
-        help.SetHelpFilePath(dir.path());
-        int opened = 0;
-        help.setOpener([&](const QUrl&) { ++opened; return true; });
-        ScriptedPrompter prompter;
-        help.ShowHelpContents(prompter, Msg(414));
-
-        QCOMPARE(opened, 0);
-        QCOMPARE(prompter.shown.size(), 1);
-        QCOMPARE(prompter.lastText(), QStringLiteral(
-            "ヘルプファイルを表示できません。このプロジェクトに関連するヘルプファイルがありません。"));
-        QCOMPARE(prompter.shown[0].icon, Prompter::Icon::Information);
-        QCOMPARE(prompter.shown[0].buttons, Prompter::Buttons::Ok);
+        QCOMPARE(opened, page ? QList<QUrl>{QUrl::fromLocalFile(index)} : QList<QUrl>{});
+        QCOMPARE(prompter.texts().join('|'), text.replace("%1", index));
+        for (const auto& box : prompter.shown)
+            QVERIFY(box.icon == Prompter::Icon::Information && box.buttons == Prompter::Buttons::Ok);
     }
 
     void shippedHelpPagesLinkToExistingPages()

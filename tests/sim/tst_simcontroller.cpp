@@ -1,56 +1,147 @@
-#include "ControllerClient.h"
-#include "FactoryMemory.h"
-
+#include "common/ProgramState.h"
+#include "common/Waiter.h"
 #include "sim/SimController.h"
+#include "sim/SimOptions.h"
+#include "support/FileSizeLimit.h"
 
+#include <QElapsedTimer>
+#include <QFile>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
+
+// What a fresh virtual controller holds, written out from the memory map by
+// hand (not taken from the code under test), and a pattern to write over it.
+namespace FactoryMemory {
+// OFFSET 30, HOME byte 30, VEL 10, OFSVEL 10, speed 10, PG FUNCTION 0,
+// ALM 1000, AUTO HOME 0, PG TIMER 10, LS TIMER 10, flag 0, EMG 0, ALM1 CLEAR 0.
+inline const QByteArray Block0 = "001E1E0A0A0A0003E8000A0A00000000";
+// Type 2, AXIS byte 2, PULSE 400, 65535, 20, AUTODRIVE 0, motor "1C" "L" 100, size code 00.
+inline const QByteArray Block1 = "0202019000FFFF14001C4C0064000000";
+// HOME OUT 0, 1, 20, 2, 1000, 2000, IN-P WID 10, 5.
+inline const QByteArray Block2 = "000114020003E80007D00A0500000000";
+// The operating current 1.5 A (2812 = 0AFC) at data digits 13 to 16.
+inline const QByteArray Block7 = "0000000000000AFC0000000000000000";
+// VEL 300, ACC 1, spares 0, DIR CW, DIVISION 12, GEAR 1.
+inline const QByteArray Record1 = "012C100000000C01";
+inline const QByteArray OtherBlock = "0123456789ABCDEF0123456789ABCDEF";
+inline const QByteArray OtherRecord = "2328100000000C01";
+} // namespace FactoryMemory
+
+// A fresh controller, with the faults of ktr-sim's options if given, and a
+// client on its line that writes requests and gathers what comes back, with
+// the time each piece arrived.
+class SimLine : public QObject {
+public:
+    explicit SimLine(const QStringList& faultOptions = {})
+    {
+        QString error;
+        controller.setFaults(SimOptions::parse(faultOptions, &error).value().faults);
+        connect(&controller, &SimController::output, this, [this](const QByteArray& bytes) {
+            received += bytes;
+            pieces.append(bytes);
+            arrivalsMs.append(m_clock.elapsed());
+            Waiter::wake();
+        });
+    }
+
+    // Sends request + CR LF; what arrived up to the first line end (or within the time limit).
+    QByteArray ask(const QByteArray& request, int timeoutMs = 1000)
+    {
+        send(request + "\r\n");
+        waitForLines(1, timeoutMs);
+        return received;
+    }
+    QList<QByteArray> askAll(const QList<QByteArray>& requests)
+    {
+        QList<QByteArray> replies;
+        for (const QByteArray& r : requests)
+            replies.append(ask(r));
+        return replies;
+    }
+    void send(const QByteArray& bytes)
+    {
+        received.clear();
+        pieces.clear();
+        arrivalsMs.clear();
+        m_clock.restart();
+        controller.receive(bytes);
+    }
+    bool waitForLines(int count, int timeoutMs = 1000)
+    {
+        return Waiter::waitUntil([this, count] { return received.count("\r\n") >= count; }, timeoutMs)
+            == Waiter::Result::Done;
+    }
+
+    SimController controller;
+    QByteArray received;
+    QList<QByteArray> pieces;
+    QList<qint64> arrivalsMs; // since the last send
+
+private:
+    QElapsedTimer m_clock;
+};
 
 using namespace FactoryMemory;
 
 namespace {
 
-QByteArray errorLine(const char* code)
-{
-    return QByteArray("0%%") + code + "\r\n";
-}
-
-void addRows(const QByteArray& reply, std::initializer_list<std::pair<const char*, QByteArray>> rows)
+// Rows of requests that all get the same reply (the request's own echo when none is given).
+void addRows(std::initializer_list<std::pair<const char*, QByteArray>> rows, const QByteArray& reply = {})
 {
     for (const auto& [name, request] : rows)
-        QTest::newRow(name) << request << reply;
+        QTest::newRow(name) << request << (reply.isEmpty() ? request + "\r\n" : "0%%" + reply + "\r\n");
 }
 
-// Rows whose reply is the request itself.
-void addEchoRows(std::initializer_list<std::pair<const char*, QByteArray>> rows)
+// Polls the status as the tool does until it is no longer "moving"; the time taken.
+qint64 pollUntilStill(SimLine& line, QByteArray& status)
 {
-    for (const auto& [name, request] : rows)
-        QTest::newRow(name) << request << request + "\r\n";
+    QElapsedTimer clock;
+    clock.start();
+    while ((status = line.ask("0RA")) == "0RA0\r\n" && clock.elapsed() < 5000)
+        Waiter::sleep(1);
+    return clock.elapsed();
+}
+
+QByteArray readFile(const QString& path)
+{
+    QFile f(path);
+    f.open(QIODevice::ReadOnly);
+    return f.readAll();
 }
 
 } // namespace
 
+// The virtual controller: its protocol at rest and while moving, refusals of
+// malformed requests, the faults it can be told to show, its motion and
+// alarms, its memory and state file, and ktr-sim's command line.
 class TestSimController : public QObject {
     Q_OBJECT
 
 private slots:
+    void init()
+    {
+        ProgramState::instance().gMsgBase = 10000;
+        QFile::remove(state);
+    }
+
     void repliesAtRest_data()
     {
         QTest::addColumn<QByteArray>("request");
         QTest::addColumn<QByteArray>("reply");
-
-        addEchoRows({{"check", "0CM6"}, {"monitor mode", "0CM7"}, {"normal mode", "0CM0"}, {"store blocks", "0WE"},
-                     {"store block 7", "0WF"}, {"homing", "0MP00"}, {"indexing", "0MP01"}, {"alarm reset", "0AR"},
-                     {"write outputs", "0WO02"}});
+        addRows({{"check", "0CM6"}, {"monitor mode", "0CM7"}, {"normal mode", "0CM0"}, {"store blocks", "0WE"},
+                 {"store block 7", "0WF"}, {"homing", "0MP00"}, {"indexing", "0MP01"}, {"alarm reset", "0AR"},
+                 {"write outputs", "0WO02"}});
         QTest::newRow("status at power-up") << QByteArray("0RA") << QByteArray("0RA1\r\n");
         QTest::newRow("block 0") << QByteArray("0RD0") << "0RD0" + Block0 + "\r\n";
         QTest::newRow("block 1") << QByteArray("0RD1") << "0RD1" + Block1 + "\r\n";
         QTest::newRow("block 2") << QByteArray("0RD2") << "0RD2" + Block2 + "\r\n";
         QTest::newRow("block 7") << QByteArray("0RD7") << "0RD7" + Block7 + "\r\n";
-        QTest::newRow("write block") << "0WD1" + OtherBlock << QByteArray("0WD1\r\n");
         QTest::newRow("write block 7") << "0WD7" + OtherBlock << QByteArray("0WD7\r\n");
         QTest::newRow("record 1") << QByteArray("0RP01") << "0RP01" + Record1 + "\r\n";
         QTest::newRow("record 63") << QByteArray("0RP3F") << QByteArray("0RP3F0000000000000000\r\n");
-        QTest::newRow("write record") << QByteArray("0WP012328100000000C01") << QByteArray("0WP01\r\n");
+        QTest::newRow("write record") << "0WP01" + OtherRecord << QByteArray("0WP01\r\n");
         QTest::newRow("store record") << QByteArray("0WA0101") << QByteArray("0WA\r\n");
         QTest::newRow("inputs") << QByteArray("0RI") << QByteArray("0RI000\r\n");
         QTest::newRow("outputs: RDY, IN-P") << QByteArray("0RO") << QByteArray("0RO30\r\n");
@@ -61,100 +152,376 @@ private slots:
     {
         QFETCH(QByteArray, request);
         SimLine line;
-        QTEST(line.client.ask(request), "reply");
+        QTEST(line.ask(request), "reply");
     }
 
     void malformedRequests_data()
     {
         QTest::addColumn<QByteArray>("request");
         QTest::addColumn<QByteArray>("reply");
-
-        addRows(errorLine("101"), {{"unknown letters", "0XY"}, {"lower-case letters", "0rd0"}, {"too short", "0R"},
-                                   {"error reply as request", "0%%101"}});
-        addRows(errorLine("102"), {{"record X", "0RPX"}, {"lower-case hex", "0RP0a"}, {"block G", "0RDG"},
-                                   {"outputs not hex", "0WOX1"}});
-        addRows(errorLine("103"), {{"no block digit", "0RD"}, {"two block digits", "0RD00"}, {"status with data", "0RA1"},
-                                   {"block short by one", "0WD0" + OtherBlock.left(31)},
-                                   {"record short", "0WP012328100000000C0"}, {"store with data", "0WE0"}});
-        addRows(errorLine("104"), {{"mode 8", "0CM8"}, {"block 3", "0RD3"}, {"block 8", "0RD8"},
-                                   {"write block 6", "0WD6" + OtherBlock}, {"record 0", "0RP00"}, {"record 64", "0RP40"},
-                                   {"move to 64", "0MP40"}, {"move with empty record", "0MP02"},
-                                   {"write record 0", "0WP002328100000000C01"}, {"ACC 4", "0WP012328400000000C01"},
-                                   {"DIR 2", "0WP012328100000020C01"}, {"GEAR 0", "0WP012328100000000C00"},
-                                   {"VEL 0", "0WP010000100000000C01"}, {"store records backwards", "0WA0201"}});
+        addRows({{"unknown letters", "0XY"}, {"lower-case letters", "0rd0"}, {"too short", "0R"}}, "101");
+        addRows({{"record X", "0RPX"}, {"lower-case hex", "0RP0a"}, {"outputs not hex", "0WOX1"}}, "102");
+        addRows({{"two block digits", "0RD00"}, {"status with data", "0RA1"}, {"block short by one", "0WD0" + OtherBlock.left(31)},
+                 {"record short", "0WP012328100000000C0"}, {"store with data", "0WE0"}}, "103");
+        addRows({{"mode 8", "0CM8"}, {"block 3", "0RD3"}, {"write block 6", "0WD6" + OtherBlock}, {"record 64", "0RP40"},
+                 {"move with empty record", "0MP02"}, {"write record 0", "0WP002328100000000C01"},
+                 {"ACC 4", "0WP012328400000000C01"}, {"DIR 2", "0WP012328100000020C01"}, {"GEAR 0", "0WP012328100000000C00"},
+                 {"VEL 0", "0WP010000100000000C01"}, {"store records backwards", "0WA0201"}}, "104");
     }
     void malformedRequests()
     {
         QFETCH(QByteArray, request);
         SimLine line;
-        QTEST(line.client.ask(request), "reply");
-        // A refused write leaves the memory as it was.
+        QTEST(line.ask(request), "reply");
         QCOMPARE(line.controller.memory().block(0), Block0);
         QCOMPARE(line.controller.memory().record(1), Record1);
-    }
-
-    void otherStationIsNotAnswered()
-    {
-        SimController controller;
-        ControllerClient client(controller);
-        QVERIFY(!client.waitForLine(0) && client.ask("1RA", 100).isEmpty());
-        QCOMPARE(client.ask("0RA"), QByteArray("0RA1\r\n"));
-    }
-
-    void linesAreSplitAtCrLfOnly()
-    {
-        SimController controller;
-        ControllerClient client(controller);
-
-        client.send("0R");
-        controller.receive("A\r");
-        controller.receive("\n0RV\r\n0CM6\n0RA\r\n");
-        QVERIFY(client.waitForLines(3));
-        // The LF alone ends nothing: "0CM" gets the data "6\n0RA", which is not hex.
-        QCOMPARE(client.received, QByteArray("0RA1\r\n0RVK01100\r\n0%%102\r\n"));
-    }
-
-    void noiseWithoutLineEndIsDropped()
-    {
-        SimController controller;
-        ControllerClient client(controller);
-        controller.receive(QByteArray(SimController::MaxLineLength + 1, '#'));
-        QCOMPARE(client.ask("0RA"), QByteArray("0RA1\r\n"));
     }
 
     void whileMoving_data()
     {
         QTest::addColumn<QByteArray>("request");
         QTest::addColumn<QByteArray>("reply");
-
         QTest::newRow("status") << QByteArray("0RA") << QByteArray("0RA0\r\n");
         QTest::newRow("outputs: none") << QByteArray("0RO") << QByteArray("0RO00\r\n");
         QTest::newRow("reads go on") << QByteArray("0RD0") << "0RD0" + Block0 + "\r\n";
-        addRows(errorLine("201"), {{"write block", "0WD0" + OtherBlock}, {"store blocks", "0WE"}, {"store block 7", "0WF"},
-                                   {"write record", "0WP012328100000000C01"}, {"store record", "0WA0101"},
-                                   {"another move", "0MP01"}, {"homing", "0MP00"}});
-        QTest::newRow("malformed still first") << QByteArray("0MP1") << errorLine("103");
+        addRows({{"write block", "0WD0" + OtherBlock}, {"store blocks", "0WE"}, {"store block 7", "0WF"},
+                 {"write record", "0WP01" + OtherRecord}, {"store record", "0WA0101"}, {"another move", "0MP01"}}, "201");
+        QTest::newRow("malformed still first") << QByteArray("0MP1") << QByteArray("0%%103\r\n");
     }
     void whileMoving()
     {
         QFETCH(QByteArray, request);
         SimLine line;
-        QCOMPARE(line.client.ask("0MP01"), QByteArray("0MP01\r\n"));
-        QTEST(line.client.ask(request), "reply");
+        QCOMPARE(line.ask("0MP01"), QByteArray("0MP01\r\n"));
+        QTEST(line.ask(request), "reply");
         QCOMPARE(line.controller.memory().block(0), Block0);
         QCOMPARE(line.controller.memory().record(1), Record1);
     }
 
+    // Another station is not answered; noise without a line end is dropped;
+    // only CR LF ends a line, so "0CM" gets the data "6\n0RA", which is not hex.
+    void lineHandling()
+    {
+        SimLine line;
+        QVERIFY(line.ask("1RA", 100).isEmpty());
+        line.controller.receive(QByteArray(SimController::MaxLineLength + 1, '#'));
+        line.send("0R");
+        line.controller.receive("A\r");
+        line.controller.receive("\n0RV\r\n0CM6\n0RA\r\n");
+        QVERIFY(line.waitForLines(3));
+        QCOMPARE(line.received, QByteArray("0RA1\r\n0RVK01100\r\n0%%102\r\n"));
+    }
+
+    // The first digit cannot switch ALM, RDY or IN-P; a restart clears the outputs.
     void outputsFollowTheWrite()
     {
-        SimController controller;
-        ControllerClient client(controller);
-        // The first digit cannot switch ALM, RDY or IN-P.
-        QCOMPARE(client.askAll({"0WO43", "0RO", "0WO01", "0RO"}),
+        SimLine line;
+        QCOMPARE(line.askAll({"0WO43", "0RO", "0WO01", "0RO"}),
                  (QList<QByteArray>{"0WO43\r\n", "0RO33\r\n", "0WO01\r\n", "0RO31\r\n"}));
-        controller.restart();
-        QCOMPARE(client.ask("0RO"), QByteArray("0RO30\r\n"));
+        line.controller.restart();
+        QCOMPARE(line.ask("0RO"), QByteArray("0RO30\r\n"));
     }
+
+    void faultShapesTheReply_data()
+    {
+        QTest::addColumn<QStringList>("faults");
+        QTest::addColumn<QByteArray>("request");
+        QTest::addColumn<QByteArray>("reply");
+        QTest::newRow("extra character") << QStringList{"--extra-char", "RA"} << QByteArray("0RA") << QByteArray("0RA10\r\n");
+        QTest::newRow("extra character, other command") << QStringList{"--extra-char", "RA"} << QByteArray("0CM6") << QByteArray("0CM6\r\n");
+        QTest::newRow("extra character on all") << QStringList{"--extra-char", "all"} << QByteArray("0CM6") << QByteArray("0CM60\r\n");
+        QTest::newRow("wrong echo on status") << QStringList{"--wrong-echo", "RA"} << QByteArray("0RA") << QByteArray("0RD1\r\n");
+        QTest::newRow("wrong echo on version") << QStringList{"--wrong-echo", "RV,RA"} << QByteArray("0RV") << QByteArray("0RAK01100\r\n");
+        QTest::newRow("error reply") << QStringList{"--error-reply", "RV:101"} << QByteArray("0RV") << QByteArray("0%%101\r\n");
+        QTest::newRow("garbage") << QStringList{"--garbage", "RA"} << QByteArray("0RA") << SimFaults::garbageBytes() + "0RA1\r\n";
+        QTest::newRow("STB and STOP") << QStringList{"--stb", "--stop"} << QByteArray("0RI") << QByteArray("0RIA00\r\n");
+        QTest::newRow("STOP") << QStringList{"--stop"} << QByteArray("0RI") << QByteArray("0RI200\r\n");
+    }
+    void faultShapesTheReply()
+    {
+        QFETCH(QStringList, faults);
+        QFETCH(QByteArray, request);
+        SimLine line(faults);
+        QTEST(line.ask(request), "reply");
+    }
+
+    void refusedOrSilencedRequestHasNoEffect()
+    {
+        SimLine line({"--silent", "RA,WD", "--error-reply", "WO:104"});
+        QCOMPARE(line.ask("0RA", 150), QByteArray());
+        QCOMPARE(line.ask("0WD0" + OtherBlock, 150), QByteArray());
+        QCOMPARE(line.ask("0WO03"), QByteArray("0%%104\r\n"));
+        QCOMPARE(line.askAll({"0RD0", "0RO"}), (QList<QByteArray>{"0RD0" + Block0 + "\r\n", "0RO30\r\n"}));
+    }
+
+    void lateAndSplitReplies()
+    {
+        SimLine line({"--late", "80:RA", "--split-crlf", "RV"});
+        QCOMPARE(line.ask("0RA"), QByteArray("0RA1\r\n"));
+        QVERIFY2(line.arrivalsMs[0] >= 78 && line.arrivalsMs[0] < 150, QByteArray::number(line.arrivalsMs[0]));
+        QCOMPARE(line.ask("0RV"), QByteArray("0RVK01100\r\n"));
+        QVERIFY2(line.arrivalsMs[0] < 30, QByteArray::number(line.arrivalsMs[0]));
+        QCOMPARE(line.pieces, (QList<QByteArray>{"0RVK01100\r", "\n"}));
+        QVERIFY2(line.arrivalsMs[1] - line.arrivalsMs[0] >= SimFaults::SplitGapMs - 2, QByteArray::number(line.arrivalsMs[1]));
+    }
+
+    void unsolicitedAlarmIsNotShaped()
+    {
+        SimLine line({"--extra-char", "all", "--wrong-echo", "all"});
+        line.send({});
+        line.controller.raiseAlarm("301");
+        QVERIFY(line.waitForLines(1));
+        QCOMPARE(line.received, QByteArray("0%%301\r\n"));
+    }
+
+    void moveTakesItsTime_data()
+    {
+        QTest::addColumn<QByteArray>("record");
+        QTest::addColumn<double>("scale");
+        QTest::addColumn<double>("expectedMs");
+        // Homing: 500 ms. Moves: 60000 / (DIVISION x VEL x GEAR / 30) + 50 x ACC.
+        QTest::newRow("homing") << QByteArray("00") << 0.2 << 100.0;
+        QTest::newRow("factory record: 500 + 50") << QByteArray("01") << 0.2 << 110.0;
+        QTest::newRow("VEL 9000, ACC 3, 12 steps: 16.7 + 150") << QByteArray("012328300000000C01") << 0.5 << 83.3;
+        QTest::newRow("VEL 3, GEAR 100, ACC 2, 4 steps: 1500 + 100") << QByteArray("010003200000000464") << 0.05 << 80.0;
+        QTest::newRow("record 5: VEL 1800, 24 steps: 41.7 + 50") << QByteArray("050708100000001801") << 1.0 << 91.7;
+    }
+    void moveTakesItsTime()
+    {
+        QFETCH(QByteArray, record);
+        QFETCH(double, scale);
+        QFETCH(double, expectedMs);
+        SimLine line;
+        line.controller.setTimeScale(scale);
+        const QByteArray point = record.left(2);
+        if (record.size() > 2)
+            QCOMPARE(line.ask("0WP" + record), "0WP" + point + "\r\n");
+        QCOMPARE(line.askAll({"0MP" + point, "0RA", "0RO"}), (QList<QByteArray>{"0MP" + point + "\r\n", "0RA0\r\n", "0RO00\r\n"}));
+        QByteArray status;
+        const qint64 endMs = pollUntilStill(line, status);
+        QCOMPARE(status, QByteArray("0RA1\r\n"));
+        QVERIFY2(endMs >= expectedMs * 0.95 - 1 && endMs <= expectedMs * 1.15 + 10, QByteArray::number(endMs));
+        QCOMPARE(line.ask("0RO"), QByteArray("0RO30\r\n"));
+    }
+
+    void alarmHoldsTheAxis()
+    {
+        SimLine line;
+        line.controller.setTimeScale(0.01);
+        line.controller.raiseAlarm("301");
+        QVERIFY(line.waitForLines(1));
+        QCOMPARE(line.received, QByteArray("0%%301\r\n"));
+        QCOMPARE(line.askAll({"0RA", "0RO", "0MP00", "0MP01", "0AR", "0RA", "0RO", "0MP00"}),
+                 (QList<QByteArray>{"0RA3\r\n", "0RO40\r\n", "0%%0B3\r\n", "0%%0B3\r\n", "0AR\r\n", "0RA1\r\n",
+                                    "0RO30\r\n", "0MP00\r\n"}));
+    }
+
+    // The move's end does not clear an alarm raised during it.
+    void alarmStopsAMove()
+    {
+        SimLine line;
+        QCOMPARE(line.askAll({"0MP01", "0RA"}), (QList<QByteArray>{"0MP01\r\n", "0RA0\r\n"}));
+        line.send({});
+        line.controller.raiseAlarm("303");
+        QVERIFY(line.waitForLines(1));
+        QCOMPARE(line.received, QByteArray("0%%303\r\n"));
+        Waiter::sleep(600);
+        QCOMPARE(line.ask("0RA"), QByteArray("0RA3\r\n"));
+    }
+
+    // Once only: after the reset the next move runs to its end.
+    void alarmPartWayThroughTheNextMove()
+    {
+        SimLine line({"--alarm", "302@move"});
+        line.controller.setTimeScale(0.2);
+        QCOMPARE(line.ask("0RA"), QByteArray("0RA1\r\n"));
+        line.ask("0MP01");
+        line.send({});
+        QVERIFY(line.waitForLines(1, 300));
+        QCOMPARE(line.received, QByteArray("0%%302\r\n"));
+        QCOMPARE(line.askAll({"0RA", "0AR", "0MP01"}), (QList<QByteArray>{"0RA3\r\n", "0AR\r\n", "0MP01\r\n"}));
+        QByteArray status;
+        pollUntilStill(line, status);
+        QCOMPARE(status, QByteArray("0RA1\r\n"));
+    }
+
+    // A move ends at once while STOP is held, and leaves the axis ready but not in position.
+    void stopInputEndsTheMove()
+    {
+        SimLine line;
+        QCOMPARE(line.askAll({"0MP01", "0RA"}), (QList<QByteArray>{"0MP01\r\n", "0RA0\r\n"}));
+        line.controller.setInputs(false, true);
+        QCOMPARE(line.askAll({"0RA", "0RO", "0MP01", "0RA"}),
+                 (QList<QByteArray>{"0RA2\r\n", "0RO20\r\n", "0MP01\r\n", "0RA2\r\n"}));
+        line.controller.setInputs(false, false);
+        QCOMPARE(line.askAll({"0MP01", "0RA"}), (QList<QByteArray>{"0MP01\r\n", "0RA0\r\n"}));
+    }
+
+    void frontAndRun()
+    {
+        QString error;
+        const auto plain = SimOptions::parse({}, &error);
+        QVERIFY(plain && plain->front == SimOptions::Front::Pty && !plain->pace && plain->timeScale == 1.0);
+        const auto o = SimOptions::parse({"--device", "/dev/ttyUSB1", "--pace", "--state", "/tmp/s",
+                                          "--time-scale=0.05", "--lang", "ja", "--late=150"}, &error);
+        QVERIFY2(o, qPrintable(error));
+        QCOMPARE(o->front, SimOptions::Front::Device);
+        QCOMPARE(o->device, "/dev/ttyUSB1");
+        QVERIFY(o->pace);
+        QCOMPARE(o->stateFile, "/tmp/s");
+        QCOMPARE(o->timeScale, 0.05);
+        QVERIFY(o->faults.late.matches("RA") && o->faults.late.matches("WD"));
+        QCOMPARE(o->faults.lateMs, 150);
+    }
+
+    void rejected_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<QString>("error");
+        QTest::newRow("unknown") << QStringList{"--fast"} << "Unknown option: --fast";
+        QTest::newRow("stray word") << QStringList{"pty"} << "Unknown option: pty";
+        QTest::newRow("flag with value") << QStringList{"--pace=1"} << "Unknown option: --pace=1";
+        QTest::newRow("missing value") << QStringList{"--state"} << "The option --state needs a value.";
+        QTest::newRow("time scale 0") << QStringList{"--time-scale", "0"} << "Invalid value for --time-scale: 0";
+        QTest::newRow("alarm 304") << QStringList{"--alarm", "304"} << "Invalid value for --alarm: 304";
+        QTest::newRow("alarm when") << QStringList{"--alarm", "301@soon"} << "Invalid value for --alarm: 301@soon";
+        QTest::newRow("error code short") << QStringList{"--error-reply", "RV:11"} << "Invalid value for --error-reply: RV:11";
+        QTest::newRow("late negative") << QStringList{"--late", "-5"} << "Invalid value for --late: -5";
+        QTest::newRow("bad command") << QStringList{"--silent", "READ"} << "Invalid value for --silent: READ";
+        QTest::newRow("restart 0") << QStringList{"--restart-after", "0"} << "Invalid value for --restart-after: 0";
+        QTest::newRow("language") << QStringList{"--lang", "fr"} << "Invalid value for --lang: fr";
+        QTest::newRow("two fronts") << QStringList{"--pty", "--device", "/dev/ttyS0"} << "--pty and --device cannot be used together.";
+    }
+    void rejected()
+    {
+        QFETCH(QStringList, args);
+        QString message;
+        QVERIFY(!SimOptions::parse(args, &message));
+        QTEST(message, "error");
+    }
+
+    void language()
+    {
+        QCOMPARE(SimOptions::language({"--pace", "--lang", "ja"}), 1);
+        QCOMPARE(SimOptions::language({"--lang=en", "--pace"}), 2);
+    }
+
+    // An option added to the table without its help line is caught here.
+    void everyAcceptedOptionHasItsHelpLine()
+    {
+        for (int msgBase : {0, 10000}) {
+            ProgramState::instance().gMsgBase = msgBase;
+            const QString help = SimOptions::usage();
+            QVERIFY(!help.contains("%%"));
+            for (const QString& name : SimOptions::optionNames()) {
+                // At the start of an indented option line, alone or after the
+                // other names of the same line ("  --stb, --stop").
+                const QRegularExpression line(QStringLiteral("(^|\\n)  ([-a-z]+, )*%1[ ,]").arg(QRegularExpression::escape(name)));
+                QVERIFY2(line.match(help).hasMatch(), qPrintable(name));
+            }
+        }
+    }
+
+    // Until the restart the working copy holds the write; after it, only what was stored.
+    void restartKeepsOnlyWhatWasStored_data()
+    {
+        QTest::addColumn<QList<QByteArray>>("requests");
+        QTest::addColumn<QByteArray>("read");
+        QTest::addColumn<QByteArray>("afterRestart");
+        const QByteArray wd0 = "0WD0" + OtherBlock;
+        const QByteArray wd7 = "0WD7" + OtherBlock;
+        const QByteArray wp = "0WP01" + OtherRecord;
+        QTest::newRow("block 0 unstored") << QList<QByteArray>{wd0} << QByteArray("0RD0") << Block0;
+        QTest::newRow("block 0 stored") << QList<QByteArray>{wd0, "0WE"} << QByteArray("0RD0") << OtherBlock;
+        QTest::newRow("block 0 and 0WF") << QList<QByteArray>{wd0, "0WF"} << QByteArray("0RD0") << Block0;
+        QTest::newRow("block 7 and 0WE") << QList<QByteArray>{wd7, "0WE"} << QByteArray("0RD7") << Block7;
+        QTest::newRow("block 7 stored") << QList<QByteArray>{wd7, "0WF"} << QByteArray("0RD7") << OtherBlock;
+        QTest::newRow("record unstored") << QList<QByteArray>{wp} << QByteArray("0RP01") << Record1;
+        QTest::newRow("record stored") << QList<QByteArray>{wp, "0WA0101"} << QByteArray("0RP01") << OtherRecord;
+        QTest::newRow("record outside the stored range") << QList<QByteArray>{"0WP02" + OtherRecord, "0WA0101"}
+                                                         << QByteArray("0RP02") << QByteArray(16, '0');
+    }
+    void restartKeepsOnlyWhatWasStored()
+    {
+        QFETCH(QList<QByteArray>, requests);
+        QFETCH(QByteArray, read);
+        SimLine line;
+        for (const QByteArray& r : requests)
+            QVERIFY(!line.ask(r).startsWith("0%%"));
+        QCOMPARE(line.ask(read), read + (read.startsWith("0RP") ? OtherRecord : OtherBlock) + "\r\n");
+        line.controller.restart();
+        QFETCH(QByteArray, afterRestart);
+        QCOMPARE(line.ask(read), read + afterRestart + "\r\n");
+    }
+
+    // Created by the first store; block 0 is written last and never stored.
+    void stateFileCarriesTheStoredCopy()
+    {
+        QString error;
+        {
+            SimLine first;
+            QVERIFY(first.controller.useStateFile(state, &error));
+            first.askAll({"0WD1" + OtherBlock, "0WP01" + OtherRecord});
+            QVERIFY(!QFile::exists(state));
+            first.askAll({"0WE", "0WA0101", "0WD0" + OtherBlock});
+            QVERIFY(readFile(state).contains("BLOCK1=" + OtherBlock + "\n"));
+        }
+        SimLine second;
+        QVERIFY(second.controller.useStateFile(state, &error));
+        QCOMPARE(second.askAll({"0RD1", "0RP01", "0RD0", "0RD7"}),
+                 (QList<QByteArray>{"0RD1" + OtherBlock + "\r\n", "0RP01" + OtherRecord + "\r\n",
+                                    "0RD0" + Block0 + "\r\n", "0RD7" + Block7 + "\r\n"}));
+    }
+
+    void stateFileWithUnknownLines_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        QTest::newRow("block 3") << "BLOCK3=" + OtherBlock;
+        QTest::newRow("short block") << "BLOCK0=" + OtherBlock.left(31);
+        QTest::newRow("lower-case hex") << "BLOCK0=" + OtherBlock.toLower();
+        QTest::newRow("record 64") << "RECORD40=" + OtherRecord;
+        QTest::newRow("record 0") << "RECORD00=" + OtherRecord;
+        QTest::newRow("long record") << "RECORD01=" + OtherRecord + "0";
+        QTest::newRow("no equals sign") << QByteArray("BLOCK0");
+        QTest::newRow("unknown key") << "PARAM0=" + OtherBlock;
+    }
+    void stateFileWithUnknownLines()
+    {
+        QFETCH(QByteArray, line);
+        QFile file(state);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("# comment\nBLOCK1=" + OtherBlock + "\n" + line + "\n");
+        file.close();
+        ProgramState::instance().gMsgBase = 10000;
+        SimLine sim;
+        QString error;
+        QVERIFY(!sim.controller.useStateFile(state, &error));
+        QCOMPARE(error, "line 3 is not understood");
+        QCOMPARE(sim.ask("0RD1"), "0RD1" + Block1 + "\r\n");
+    }
+
+    void failedSaveKeepsTheOldFile()
+    {
+        SimLine line;
+        QString error;
+        QVERIFY(line.controller.useStateFile(state, &error));
+        QSignalSpy failed(&line.controller.memory(), &ControllerMemory::saveFailed);
+        line.ask("0WE");
+        const QByteArray saved = readFile(state);
+        QVERIFY(!saved.isEmpty());
+        line.ask("0WD0" + OtherBlock);
+        {
+            FileSizeLimit limit(64);
+            QCOMPARE(line.ask("0WE"), QByteArray("0WE\r\n"));
+        }
+        QCOMPARE(failed.count(), 1);
+        QCOMPARE(failed.first().first().toString(), state);
+        QCOMPARE(readFile(state), saved);
+    }
+
+private:
+    QTemporaryDir dir;
+    const QString state = dir.filePath("sim.state");
 };
 
 QTEST_GUILESS_MAIN(TestSimController)

@@ -1,6 +1,7 @@
 #include "support/PtyController.h"
 #include "support/RawTerminalClient.h"
 #include "common/Waiter.h"
+#include "sim/LinePacer.h"
 #include "sim/PtyFront.h"
 #include "sim/SerialFront.h"
 #include "sim/SimController.h"
@@ -12,7 +13,6 @@
 #include <QTest>
 
 #include <sys/resource.h>
-#include <unistd.h>
 
 namespace {
 
@@ -24,167 +24,190 @@ qint64 cpuMs()
         + (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1000;
 }
 
-// Gathers what the port receives until a line end (or the time limit).
+// Writes the request and gathers what the port receives until a line end (or the time limit).
 template <typename Port>
-bool waitForLine(Port& port, QByteArray& line, int timeoutMs = 1000)
+QByteArray ask(Port& port, const QByteArray& request)
 {
+    QByteArray line;
     QObject context;
     QObject::connect(&port, &Port::readyRead, &context, [&] {
         line += port.readAll();
         Waiter::wake();
     });
-    return Waiter::waitUntil([&] { return line.endsWith("\r\n"); }, timeoutMs) == Waiter::Result::Done;
+    port.write(request + "\r\n");
+    Waiter::waitUntil([&] { return line.endsWith("\r\n"); }, 1000);
+    return line;
 }
 
-QByteArray askSerialPort(QSerialPort& port, const QByteArray& request)
-{
-    QByteArray reply;
-    port.write(request + "\r\n");
-    waitForLine(port, reply);
-    return reply;
-}
+// A pacer and what it lets out, with when the last piece came.
+struct PacedLine {
+    explicit PacedLine(bool paced = true)
+    {
+        pacer.setEnabled(paced);
+        clock.start();
+        QObject::connect(&pacer, &LinePacer::paced, &context, [this](const QByteArray& bytes) {
+            received += bytes;
+            ++pieces;
+            lastMs = clock.nsecsElapsed() / 1e6;
+            Waiter::wake();
+        });
+    }
+    bool waitFor(qsizetype size)
+    {
+        return Waiter::waitUntil([&] { return received.size() >= size; }, 2000) == Waiter::Result::Done;
+    }
+
+    LinePacer pacer;
+    QObject context;
+    QElapsedTimer clock;
+    QByteArray received;
+    int pieces = 0;
+    double lastMs = 0;
+};
 
 } // namespace
 
+// The line of the virtual controller: the pacer that keeps the serial line's
+// rate, the built-in port, the pseudo-terminal and the serial device fronts.
 class TestSimFronts : public QObject {
     Q_OBJECT
 
 private slots:
-    void portOpensUnderAnyName()
+    // 100 x 10 bits at 9600 bit/s = 104.2 ms, also when the second half is queued behind the first.
+    void hundredCharactersTakeTheirLineTime()
     {
-        SimSerialPort port;
-        QVERIFY(!port.isOpen());
-        QVERIFY(port.open(QStringLiteral("COM99"), QStringLiteral("9600,N,8,1")));
-        QVERIFY(port.isOpen());
-        port.close();
-        QVERIFY(!port.isOpen());
-        QVERIFY(port.open(QStringLiteral("/dev/nonexistent"), QStringLiteral("9600,N,8,1")));
+        PacedLine line;
+        line.pacer.send(QByteArray(50, 'a'));
+        Waiter::sleep(20);
+        line.pacer.send(QByteArray(50, 'A'));
+        QVERIFY(line.waitFor(100));
+        QCOMPARE(line.received, QByteArray(50, 'a') + QByteArray(50, 'A'));
+        QVERIFY2(line.lastMs >= 104.0 * 0.9 && line.lastMs <= 104.2 * 1.1, QByteArray::number(line.lastMs));
+        QVERIFY(line.pieces > 10);
     }
 
-    void repliesArriveAfterTheWrite()
+    void aBurstAfterIdleStartsAfresh()
     {
-        SimSerialPort port;
-        port.open(QStringLiteral("sim"), QStringLiteral("9600,N,8,1"));
-        QSignalSpy spy(&port, &SerialPort::readyRead);
-
-        QCOMPARE(port.write("0RV\r\n"), qint64(5));
-        QCOMPARE(spy.count(), 0);
-        QCOMPARE(port.bytesAvailable(), qint64(0));
-
-        QByteArray line;
-        QVERIFY(waitForLine(port, line));
-        QCOMPARE(line, QByteArray("0RVK01100\r\n"));
-        QCOMPARE(port.bytesAvailable(), qint64(0));
+        PacedLine line;
+        line.pacer.send(QByteArray(10, 'a'));
+        QVERIFY(line.waitFor(10));
+        Waiter::sleep(50);
+        const double sentAt = line.clock.nsecsElapsed() / 1e6;
+        line.pacer.send(QByteArray(20, 'a'));
+        QVERIFY(line.waitFor(30));
+        // Its own 20 characters' time, not out at once on the old schedule.
+        const double took = line.lastMs - sentAt;
+        QVERIFY2(took >= 20.8 * 0.9 && took <= 20.8 * 1.1 + 2, QByteArray::number(took));
     }
 
-    void closedPortLosesReplies()
+    // A pseudo-terminal hands the request over at once; the reply must still
+    // wait for the request's own line time, but a reply that comes later
+    // than that does not wait any further.
+    void aReplyWaitsForItsRequestToBeIn()
+    {
+        PacedLine line;
+        line.pacer.holdForRequest(40);
+        line.pacer.send(QByteArray(10, 'a'));
+        QVERIFY(line.waitFor(10));
+        // 50 characters: 52.1 ms.
+        QVERIFY2(line.lastMs >= 52.1 - 1 && line.lastMs <= 52.1 * 1.1 + 2, QByteArray::number(line.lastMs));
+
+        line.pacer.holdForRequest(5);
+        Waiter::sleep(30);
+        const double sentAt = line.clock.nsecsElapsed() / 1e6;
+        line.pacer.send(QByteArray(10, 'a'));
+        QVERIFY(line.waitFor(20));
+        const double took = line.lastMs - sentAt;
+        QVERIFY2(took >= 10.4 - 1 && took <= 10.4 * 1.1 + 2, QByteArray::number(took));
+    }
+
+    // Unpaced bytes pass at once; clear drops what is not out yet.
+    void withoutPacingOrCleared()
+    {
+        PacedLine unpaced(false);
+        unpaced.pacer.send(QByteArray(100, 'a'));
+        QCOMPARE(unpaced.received, QByteArray(100, 'a'));
+        QCOMPARE(unpaced.pieces, 1);
+        PacedLine line;
+        line.pacer.send(QByteArray(100, 'a'));
+        Waiter::sleep(20);
+        line.pacer.clear();
+        const qsizetype outBeforeClear = line.received.size();
+        Waiter::sleep(100);
+        QCOMPARE(line.received.size(), outBeforeClear);
+        QVERIFY(outBeforeClear < 100);
+    }
+
+    // Under any name; nothing is read during the write itself.
+    void builtInPortAnswersAfterTheWrite()
     {
         SimSerialPort port;
         QCOMPARE(port.write("0RV\r\n"), qint64(-1));
-
-        port.open(QStringLiteral("sim"), QStringLiteral("9600,N,8,1"));
-        port.write("0RV\r\n");
-        port.close();
-        QCOMPARE(Waiter::sleep(50), Waiter::Result::Done);
-        port.open(QStringLiteral("sim"), QStringLiteral("9600,N,8,1"));
-        QCOMPARE(port.bytesAvailable(), qint64(0));
-
-        QByteArray line;
-        port.write("0RA\r\n");
-        QVERIFY(waitForLine(port, line));
-        QCOMPARE(line, QByteArray("0RA1\r\n"));
+        QVERIFY(port.open("COM99", "9600,N,8,1"));
+        QSignalSpy spy(&port, &SerialPort::readyRead);
+        QCOMPARE(port.write("0RV\r\n"), qint64(5));
+        QCOMPARE(spy.count() + port.bytesAvailable(), 0);
+        QVERIFY(spy.wait(1000));
+        QCOMPARE(port.readAll(), QByteArray("0RVK01100\r\n"));
     }
 
-    void discardInputDropsWaitingBytes()
+    // Replies of a closed port are lost; waiting input can be dropped.
+    void builtInPortLosesAndDropsReplies()
     {
         SimController controller;
         SimSerialPort port(&controller);
-        port.open(QStringLiteral("sim"), QStringLiteral("9600,N,8,1"));
+        port.open("sim", "9600,N,8,1");
+        port.write("0RV\r\n");
+        port.close();
+        QCOMPARE(Waiter::sleep(50), Waiter::Result::Done);
+        port.open("/dev/nonexistent", "9600,N,8,1");
+        QCOMPARE(port.bytesAvailable(), qint64(0));
         controller.raiseAlarm("301");
         QVERIFY(Waiter::waitUntil([&] { return port.bytesAvailable() > 0; }, 1000) == Waiter::Result::Done);
         port.discardInput();
         QCOMPARE(port.bytesAvailable(), qint64(0));
-
-        QByteArray line;
-        port.write("0RA\r\n");
-        QVERIFY(waitForLine(port, line));
-        QCOMPARE(line, QByteArray("0RA3\r\n"));
+        QCOMPARE(ask(port, "0RA"), QByteArray("0RA3\r\n"));
     }
 
+    // 38 characters of 10 bits at 9600 bit/s, in more than one piece.
     void pacedPortTakesLineTime()
     {
         SimSerialPort port;
         port.setPacing(true);
-        port.open(QStringLiteral("sim"), QStringLiteral("9600,N,8,1"));
+        port.open("sim", "9600,N,8,1");
         QSignalSpy spy(&port, &SerialPort::readyRead);
         QElapsedTimer clock;
         clock.start();
-        port.write("0RD0\r\n");
-        QByteArray line;
-        QVERIFY(waitForLine(port, line));
-        // 38 characters of 10 bits at 9600 bit/s.
-        QCOMPARE(line.size(), 38);
+        QCOMPARE(ask(port, "0RD0").size(), 38);
         QVERIFY2(clock.elapsed() >= 39 && clock.elapsed() <= 50, QByteArray::number(clock.elapsed()));
         QVERIFY(spy.count() > 1);
     }
 
-    void ptyAnswersARawClient()
+    // Raw clients and serial-port clients (which lock the device while they
+    // have it) come and go; without a client the front sleeps.
+    void ptyServesClientsComingAndGoing()
     {
         SimController controller;
         PtyFront front(controller);
         QString reason;
         QVERIFY2(front.open(&reason), qPrintable(reason));
-        QVERIFY(front.devicePath().startsWith(QLatin1String("/dev/")));
-
-        RawTerminalClient client;
-        QVERIFY(client.open(front.devicePath()));
-        QCOMPARE(client.ask("0RV"), QByteArray("0RVK01100\r\n"));
-        // CR LF pass unchanged in both directions: the terminal is raw.
-        QCOMPARE(client.ask("0RD1"), QByteArray("0RD10202019000FFFF14001C4C0064000000\r\n"));
-    }
-
-    void ptySurvivesClientsComingAndGoing()
-    {
-        SimController controller;
-        PtyFront front(controller);
-        QString reason;
-        QVERIFY(front.open(&reason));
-
+        QVERIFY(front.devicePath().startsWith("/dev/"));
         for (int round = 0; round < 2; ++round) {
             RawTerminalClient client;
             QVERIFY(client.open(front.devicePath()));
-            QCOMPARE(client.ask("0RA"), QByteArray("0RA1\r\n"));
+            // CR LF pass unchanged in both directions: the terminal is raw.
+            QCOMPARE(client.ask("0RD1"), QByteArray("0RD10202019000FFFF14001C4C0064000000\r\n"));
             client.close();
-            // Give the front time to see that nobody has the device open.
             Waiter::sleep(50);
-        }
-        // A serial-port client locks the device while it has it open; the
-        // next one must still get in after it closed.
-        for (int round = 0; round < 2; ++round) {
             QSerialPort port(front.devicePath());
             QVERIFY2(port.open(QIODevice::ReadWrite), qPrintable(port.errorString()));
-            QCOMPARE(askSerialPort(port, "0CM6"), QByteArray("0CM6\r\n"));
+            QCOMPARE(ask(port, "0CM6"), QByteArray("0CM6\r\n"));
             port.close();
             Waiter::sleep(50);
         }
-    }
-
-    void ptyIdlesWithoutCpu()
-    {
-        SimController controller;
-        PtyFront front(controller);
-        QString reason;
-        QVERIFY(front.open(&reason));
-        {
-            RawTerminalClient client;
-            QVERIFY(client.open(front.devicePath()));
-            QCOMPARE(client.ask("0RA"), QByteArray("0RA1\r\n"));
-        }
-        // No client now: the front must sleep, not spin on the closed device.
         const qint64 before = cpuMs();
         Waiter::sleep(300);
         QVERIFY2(cpuMs() - before < 60, QByteArray::number(cpuMs() - before));
-
         RawTerminalClient client;
         QVERIFY(client.open(front.devicePath()));
         QCOMPARE(client.ask("0RA"), QByteArray("0RA1\r\n"));
@@ -205,10 +228,9 @@ private slots:
         QVERIFY2(clock.elapsed() >= 39 && clock.elapsed() <= 55, QByteArray::number(clock.elapsed()));
     }
 
+    // A pseudo-terminal stands in for the cable; pulling it ends the front with a reason.
     void serialFrontAnswersOnADevice()
     {
-        // A pseudo-terminal stands in for the cable: the front opens its device
-        // side, the test talks on the other.
         PtyController cable;
         SimController controller;
         SerialFront front(controller);
@@ -218,13 +240,10 @@ private slots:
         QVERIFY2(front.open(cable.device(), &reason), qPrintable(reason));
         QVERIFY(cable.send("0RV\r\n"));
         QCOMPARE(cable.receive(11), QByteArray("0RVK01100\r\n"));
-
-        // Pulling the cable ends the front with a reason.
         cable.hangUp();
         QVERIFY(Waiter::waitUntil([&] { return failed.count() > 0; }, 1000) == Waiter::Result::Done);
-
         SerialFront missing(controller);
-        QVERIFY(!missing.open(QStringLiteral("/dev/no-such-serial-device"), &reason));
+        QVERIFY(!missing.open("/dev/no-such-serial-device", &reason));
         QVERIFY(!reason.isEmpty());
     }
 };

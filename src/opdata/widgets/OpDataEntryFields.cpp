@@ -31,10 +31,11 @@ OpDataEntryFields::OpDataEntryFields(OpDataPage& page, OpDataState& state, QObje
     connect(page.txtDenryu, &QLineEdit::textEdited, this, &OpDataEntryFields::txtDenryu_Change);
     connect(page.txtDenryu, &QLineEdit::textChanged, this,
             [this](const QString& text) { m_state.mHasDecimalPoint = text.contains(u'.'); });
-    // A choice set by the program runs the click rules too; mEventsOff
-    // keeps them quiet while the program loads values.
-    connect(page.comboVEL, &QComboBox::currentIndexChanged, this, &OpDataEntryFields::comboVEL_Click);
-    connect(page.comboACC, &QComboBox::currentIndexChanged, this, &OpDataEntryFields::comboACC_Click);
+    // The click rules follow the user's choice, also of the item already
+    // shown (so "1" can be taken at start). The window filling and setting
+    // the lists when it loads is no choice: the values stay empty until one.
+    connect(page.comboVEL, &QComboBox::activated, this, &OpDataEntryFields::comboVEL_Click);
+    connect(page.comboACC, &QComboBox::activated, this, &OpDataEntryFields::comboACC_Click);
 
     for (QLineEdit* box : {page.txtDIVISION, page.txtGEAR})
         connect(box, &QLineEdit::textEdited, this, &OpDataEntryFields::markEdited);
@@ -75,15 +76,20 @@ KeyAction OpDataEntryFields::keyAction(QLineEdit* box, QChar key) const
     return CurrentEntry::keyPress(text, key);
 }
 
-// The filters see the keys that type a character, Enter and Backspace;
-// moving keys, Tab and the editing shortcuts (copy, paste) pass, and a
-// pasted text meets the change rules.
+// The filters see the keys that type a character, Enter and Backspace.
+// Keys whose text is a control character (Tab, Shift+Tab, Delete, Escape),
+// moving keys and the editing shortcuts (copy, paste) pass, so they move
+// the focus or edit as in every other box; a pasted text meets the change
+// rules.
 bool OpDataEntryFields::keyPress(QLineEdit* box, QKeyEvent* event)
 {
     const QString typed = event->text();
-    if (typed.isEmpty() || typed == u"\t" || (event->modifiers() & Qt::ControlModifier))
+    if (typed.isEmpty() || (event->modifiers() & Qt::ControlModifier))
         return false;
-    const KeyAction action = keyAction(box, typed.front());
+    const QChar key = typed.front();
+    if (!key.isPrint() && key != BackspaceKey && key != EnterKey)
+        return false;
+    const KeyAction action = keyAction(box, key);
     switch (action) {
     case KeyAction::Accept:
         return false;

@@ -10,7 +10,9 @@ namespace {
 
 constexpr int KeyBackspace = 8;
 constexpr int KeyEnter = 13;
-// Keys that type no character (arrows, Delete, shortcuts): not filtered.
+// Keys that type no character (arrows, Tab, Delete, Escape, shortcuts) are
+// not filtered: the entry rules are about characters, and these keys move
+// the focus or edit as in every other box.
 constexpr int NoCharacter = -1;
 
 int characterCode(const QKeyEvent& key)
@@ -19,7 +21,7 @@ int characterCode(const QKeyEvent& key)
         return KeyBackspace;
     if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)
         return KeyEnter;
-    if (key.key() == Qt::Key_Delete || key.text().isEmpty()
+    if (key.text().isEmpty() || !key.text().at(0).isPrint()
         || (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)))
         return NoCharacter;
     return key.text().at(0).unicode();

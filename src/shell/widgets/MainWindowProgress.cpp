@@ -11,6 +11,8 @@
 namespace {
 // The bar sits this far below the status bar's top edge.
 constexpr int BarTopTwips = 35;
+// Room between the texts of the status bar and the bar.
+constexpr int GapPixels = 6;
 }
 
 MainWindowProgress::MainWindowProgress(QWidget* mainWindow, QStatusBar* statusBar, QProgressBar* bar)
@@ -88,10 +90,22 @@ bool MainWindowProgress::eventFilter(QObject* watched, QEvent* event)
     return QObject::eventFilter(watched, event);
 }
 
+// The bar takes the status bar's room right of its texts (the port in
+// use), so that neither hides the other.
 void MainWindowProgress::placeBar()
 {
     const int top = Twips::toPixels(BarTopTwips);
-    m_bar->setGeometry(0, top, m_statusBar->width(), m_statusBar->height() - top);
+    const int left = textsRight() + GapPixels;
+    m_bar->setGeometry(left, top, qMax(0, m_statusBar->width() - left), m_statusBar->height() - top);
+}
+
+int MainWindowProgress::textsRight() const
+{
+    int right = 0;
+    for (QLabel* text : m_statusBar->findChildren<QLabel*>(Qt::FindDirectChildrenOnly))
+        if (text->isVisible())
+            right = qMax(right, text->geometry().right() + 1);
+    return right;
 }
 
 // The transfers wait with the events served, but a progress step should be

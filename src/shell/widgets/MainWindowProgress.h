@@ -11,7 +11,8 @@ class QWidget;
 class TransferWindow;
 
 // Progress of long transfers: the bar ProgressBar1 laid over the main
-// window's status bar, and the transfer window with its own bar.
+// window's status bar beside its texts, and the transfer window with its
+// own bar.
 class MainWindowProgress : public QObject, public ProgressDisplay {
     Q_OBJECT
 public:
@@ -34,6 +35,7 @@ protected:
 
 private:
     void placeBar();
+    int textsRight() const;
     void paintNow(QWidget* w);
 
     QPointer<QWidget> m_mainWindow;

@@ -26,6 +26,7 @@ namespace {
 constexpr int FirstPort = 1;
 constexpr int LastPort = PortNaming::ScanPorts;
 constexpr int DialogOffsetTwips = 500;
+constexpr int VirtualControllerEntry = 5001;
 
 template <typename W>
 W* named(QWidget* parent, const char* name, int caption)
@@ -189,6 +190,13 @@ void OptionsDialog::Form_Load()
 void OptionsDialog::fillPortList()
 {
     comboPortNo->clear();
+    // The virtual controller answers on every port number: listing them all
+    // would offer ports that are not there.
+    comboPortNo->setEnabled(!m_simulator);
+    if (m_simulator) {
+        comboPortNo->addItem(Msg(VirtualControllerEntry));
+        return;
+    }
     for (int n = FirstPort; n <= LastPort; ++n) {
         if (!m_link.portAvailable(n))
             continue;
@@ -277,9 +285,12 @@ void OptionsDialog::applyChoices()
     s.gDispMmUnit = optDispPos_0->isChecked();
 }
 
-// True when a valid choice differs from the port the window was using.
+// True when a valid choice differs from the port the window was using. The
+// virtual controller's run keeps the port number as it was.
 bool OptionsDialog::takePortNumber()
 {
+    if (m_simulator)
+        return false;
     ProgramState& s = ProgramState::instance();
     const int n = portNumberOf(comboPortNo->currentText());
     if (n == 0) {

@@ -16,7 +16,8 @@ class QTabWidget;
 // open for the run, the position display unit and rounding, the language.
 //
 // Ports are offered as "COM" + n, n being the numbers 1..32 that the port
-// scan could open. Where devices have names rather than numbers, each entry
+// scan could open. While the built-in virtual controller answers, the list
+// holds only that controller and the port number is left as it was. Where devices have names rather than numbers, each entry
 // also shows the device its number stands for ("COM1  (/dev/ttyUSB0)"); the
 // number is still read from the fourth character of the entry. A device can
 // also be named outright in comboPortName (a serial device of the system,

@@ -1,0 +1,530 @@
+#include "ParaFixtures.h"
+
+#include "common/ProgramState.h"
+#include "common/RuntimeError.h"
+#include "params/ParaBlockCodec.h"
+#include "params/ParaCompare.h"
+#include "params/ParaKeyFilter.h"
+#include "params/ParaMemoryMap.h"
+#include "params/ParaScreenTransfer.h"
+#include "params/ParaValueCheck.h"
+#include "params/SpCurrent.h"
+#include "params/TakeCtParaImage.h"
+
+#include <QTest>
+
+#include <functional>
+
+namespace {
+
+using Change = std::function<void(ParaSet&)>;
+
+ParaScreen shownSize28()
+{
+    ParaScreen screen;
+    ParametaHyoji(Size28Set(), screen);
+    return screen;
+}
+
+CtParaImage size28Image()
+{
+    CtParaImage image;
+    DecodeParaBlocks(Size28Replies(), image);
+    return image;
+}
+
+QString reportFor(const ParaSet& set)
+{
+    ParaCompareLines lines;
+    const int result = MakeParaCompareList(size28Image(), set, lines);
+    return ParaVerifyReport(result, lines);
+}
+
+std::array<QString, 3> repliesWith(int block, int pos, const QString& digits)
+{
+    std::array<QString, 3> replies = Size28Replies();
+    replies.at(size_t(block)).replace(pos - 1, digits.size(), digits);
+    return replies;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Change)
+Q_DECLARE_METATYPE(ParaKeyResult)
+
+// The parameter set: its entry and range rules, the page it is shown on, the
+// blocks to and from the controller, and the verification report on them.
+class TestParaSet : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        ProgramState::reset();
+        ProgramState::instance().gMsgBase = 10000;
+    }
+
+    void widestValues_data()
+    {
+        QTest::addColumn<int>("block");
+        QTest::addColumn<int>("pos");
+        QTest::addColumn<QString>("digits");
+        QTest::addColumn<int>("entry");
+        QTest::addColumn<double>("value");
+        QTest::newRow("OFFSET FFFF") << 0 << 5 << "FFFF" << 1 << 65535.0;
+        QTest::newRow("AXIS 6 digits 3FFFF") << 1 << 13 << "03FFFF" << 6 << 262143.0;
+        QTest::newRow("ETC value 2 FFFFFF") << 2 << 19 << "FFFFFF" << 18 << 16777215.0;
+        QTest::newRow("byte FF") << 2 << 35 << "FF" << 35 << 255.0;
+    }
+    void widestValues()
+    {
+        QFETCH(int, block);
+        QFETCH(int, pos);
+        QFETCH(QString, digits);
+        QFETCH(int, entry);
+        CtParaImage image;
+        DecodeParaBlocks(repliesWith(block, pos, digits), image);
+        QTEST(image[entry].toDouble(), "value");
+    }
+
+    void motorCodePieces_data()
+    {
+        QTest::addColumn<QString>("digits");
+        QTest::addColumn<QString>("code");
+        QTest::newRow("size 35, letter E, number 7") << "2345" "0007" << "35E007";
+        QTest::newRow("special actuator") << "1444" "01F4" << "20D500";
+        QTest::newRow("number beyond three digits") << "1C4C" "03E8" << "28LX";
+    }
+    void motorCodePieces()
+    {
+        QFETCH(QString, digits);
+        CtParaImage image;
+        DecodeParaBlocks(repliesWith(1, 23, digits), image);
+        QTEST(image[MotorCodeEntry].toString(), "code");
+    }
+
+    // Block 1 bytes 9, 10 and 13: size number, type letter and size code.
+    void sizeFields_data()
+    {
+        QTest::addColumn<QString>("size");
+        QTest::addColumn<QString>("letter");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("35") << "35" << "L" << "23" "4C" "01";
+        QTest::newRow("E35 sends 35 and E") << "E35" << "L" << "23" "45" "04";
+        QTest::newRow("42 D") << "42" << "D" << "2A" "44" "05";
+        QTest::newRow("no letter") << "28" << "" << "1C" "00" "00";
+    }
+    void sizeFields()
+    {
+        QFETCH(QString, size);
+        QFETCH(QString, letter);
+        ParaSet set = Size28Set();
+        set.axis.sizeText = size;
+        set.axis.letter = letter;
+        const QString block1 = EncodeParaBlocks(set)[1];
+        QTEST(block1.mid(1 + 18, 4) + block1.mid(1 + 26, 2), "expected");
+    }
+
+    // A value that does not fit its field is sent as "X" rather than cut.
+    void tooLargeValueSendsX()
+    {
+        ParaSet set = Size28Set();
+        set.etc.inpWid = 999;
+        set.home.offset = 70000;
+        set.axis.sizeText = QStringLiteral("1e99");
+        const auto blocks = EncodeParaBlocks(set);
+        QCOMPARE(blocks[2].mid(1 + 20, 3), QStringLiteral("X05"));
+        QVERIFY(blocks[0].startsWith(QStringLiteral("0X70")));
+        QCOMPARE(blocks[1].mid(1 + 18, 3), QStringLiteral("X4C"));
+    }
+
+    // Taking an image in also records, program-wide, how the device dialog
+    // opens, whether an encoder is fitted and the size the set was made for.
+    void takingTheImageSetsTheSelectionState()
+    {
+        CtParaImage image;
+        DecodeParaBlocks(Size28Replies(), image);
+        image[11] = 1;
+        image[13] = 1;
+        image[MotorSizeEntry] = "20";
+        ParaSet set;
+        TakeCtParaImage(image, set);
+        const ProgramState& g = ProgramState::instance();
+        QVERIFY(g.gDeviceDialogMode && g.gDeviceKnown && !g.gDeviceSetDone && g.gPgUse);
+        QCOMPARE(g.gActSizeDefault, "SP");
+    }
+
+    void entryThatDoesNotFitLeavesTheSet_data()
+    {
+        QTest::addColumn<int>("entry");
+        QTest::addColumn<QVariant>("value");
+        QTest::newRow("text for a number") << 3 << QVariant(QStringLiteral("fast"));
+        QTest::newRow("too large for 16 bits") << 19 << QVariant(40000.0);
+    }
+    void entryThatDoesNotFitLeavesTheSet()
+    {
+        QFETCH(int, entry);
+        QFETCH(QVariant, value);
+        CtParaImage image;
+        DecodeParaBlocks(Size28Replies(), image);
+        image[entry] = value;
+        ParaSet set;
+        set.home.offset = 4321;
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, TakeCtParaImage(image, set));
+        QCOMPARE(set.home.offset, 4321);
+    }
+
+    void spCurrentShown_data()
+    {
+        QTest::addColumn<QString>("raw");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("300") << "012C" << "2.16";
+        QTest::newRow("327, the largest") << "0147" << "2.17";
+        QTest::newRow("zero") << "0000" << "0.0";
+        QTest::newRow("FFFF is -1") << "FFFF" << "0.0";
+        QTest::newRow("-300") << "FED4" << "-2.-16";
+        // Beyond raw 327 the 16-bit products overflow: 1.5 A (2812) among them.
+        QTest::newRow("328 overflows") << "0148" << "";
+        QTest::newRow("1.5 A overflows") << "0AFC" << "";
+    }
+    void spCurrentShown()
+    {
+        QFETCH(QString, raw);
+        QFETCH(QString, shown);
+        try {
+            QCOMPARE(SpCurrentFromBlock7(QString(12, u'0') + raw + QString(16, u'0')), shown);
+        } catch (const RuntimeError& e) {
+            QVERIFY(shown.isEmpty() && e.kind() == RuntimeError::Kind::Overflow);
+        }
+    }
+
+    void spCurrentWritten_data()
+    {
+        QTest::addColumn<QString>("current");
+        QTest::addColumn<QString>("digits");
+        QTest::newRow("1.5 A: 2812.5 to even") << "1.5" << "0AFC";
+        QTest::newRow("0.0008 A: 1.5 to even") << "0.0008" << "0002";
+        QTest::newRow("2.0 A") << "2.0" << "0EA6";
+        QTest::newRow("empty") << "" << "";
+        QTest::newRow("not a number") << "1.2.3" << "";
+        QTest::newRow("negative") << "-1" << "";
+    }
+    void spCurrentWritten()
+    {
+        QFETCH(QString, current);
+        QFETCH(QString, digits);
+        const QString block7 = QStringLiteral("0123456789AB") + QStringLiteral("FFFF") + QString(16, u'C');
+        const std::optional<QString> written = SpCurrentToBlock7(block7, current);
+        if (digits.isEmpty()) {
+            QVERIFY(!written);
+            return;
+        }
+        QVERIFY(written);
+        QCOMPARE(*written, QStringLiteral("0123456789AB") + digits + QString(16, u'C'));
+    }
+    void reports_data()
+    {
+        QTest::addColumn<Change>("change");
+        QTest::addColumn<QString>("report");
+        const QString ng = QStringLiteral("Result of Verify - NG\r\n");
+        QTest::newRow("equal") << Change([](ParaSet&) {}) << "Result of Verify - OK";
+        QTest::newRow("VEL and ALM") << Change([](ParaSet& s) {
+            s.home.vel = 11;
+            s.pg.alm = 999;
+        }) << ng + "<HOME Parameter> :VEL,\r\n<PG Parameter> :ALM,\r\n";
+        QTest::newRow("only a reserved value") << Change([](ParaSet& s) { s.reserved[4] = 1; }) << ng;
+        QTest::newRow("motor number only") << Change([](ParaSet& s) {
+            s.axis.motorNumber = 7;
+            s.axis.motorCode = QStringLiteral("28L007");
+        }) << "Result of Verify - OK";
+        QTest::newRow("size") << Change([](ParaSet& s) { s.axis.motorCode = QStringLiteral("35L100"); })
+                              << ng + "<AXIS Parameter> :MOTOR\r\n";
+        QTest::newRow("unnamed fields are not compared") << Change([](ParaSet& s) {
+            s.home.homeByte = 1;
+            s.axis.axisValue = 1;
+            s.etc.percent = 99;
+            s.special.flag = 1;
+        }) << "Result of Verify - OK";
+        QTest::newRow("every named field") << Change([](ParaSet& s) {
+            s.home = {.offset = 1, .homeByte = 30, .vel = 1, .ofsVel = 1, .homeSpeed = 10};
+            s.axis.pulse = 1;
+            s.axis.autoDrive = 1;
+            s.axis.motorCode = QStringLiteral("42D100");
+            s.pg = {.function = 1, .alm = 1};
+            s.etc.homeOut = 1;
+            s.etc.inpWid = 1;
+            s.special = {.pgTimer = 1, .autoHome = 1, .lsTimer = 1, .emgLogic = 1, .alm1Clear = 1, .flag = 0};
+        }) << ng + "<HOME Parameter> :OFFSET,VEL,OFSVEL,\r\n"
+                   "<AXIS Parameter> :PULSE,AUTODRIVE,MOTOR\r\n"
+                   "<PG Parameter> :FUNCTION,ALM,\r\n"
+                   "<Etc Parameter> :HOME OUT,IN-P WID,\r\n"
+                   "<SP Parameter> :PG TIMER,AUTO HOME,LS TIMER,EMG LOGIC,ALM1 CLEAR,\r\n";
+    }
+    void reports()
+    {
+        QFETCH(Change, change);
+        ParaSet set = Size28Set();
+        change(set);
+        QTEST(reportFor(set), "report");
+    }
+
+    // A difference in Reserved2, 3 or 5 replaces the line by Reserved5's
+    // value and the name; the others append.
+    void reservedLine_data()
+    {
+        QTest::addColumn<QList<int>>("reserved");
+        QTest::addColumn<QString>("line");
+        QTest::newRow("Reserved0 and 1") << QList<int>{1, 1, 0, 0, 0, 0, 0} << "Reserved0,Reserved1,";
+        QTest::newRow("Reserved2 replaces") << QList<int>{1, 0, 2, 0, 0, 0, 0} << "0Reserved2,";
+        QTest::newRow("then Reserved4 appends") << QList<int>{0, 0, 2, 0, 4, 0, 0} << "0Reserved2,Reserved4,";
+        QTest::newRow("Reserved5 replaces with its own value")
+            << QList<int>{0, 0, 2, 0, 4, 9, 6} << "9Reserved5,Reserved6,";
+        QTest::newRow("Reserved3 after 1") << QList<int>{0, 1, 0, 3, 0, 0, 0} << "0Reserved3,";
+    }
+    void reservedLine()
+    {
+        QFETCH(QList<int>, reserved);
+        ParaSet set = Size28Set();
+        for (int i = 0; i < 7; ++i)
+            set.reserved[size_t(i)] = qint16(reserved[i]);
+        ParaCompareLines lines;
+        QCOMPARE(MakeParaCompareList(size28Image(), set, lines), 1);
+        QTEST(lines[5], "line");
+        QCOMPARE(lines[6], QString());
+    }
+
+    // Entries a partial file left empty are differences, not zeros.
+    void emptyEntriesDiffer()
+    {
+        CtParaImage image = size28Image();
+        image[14] = QString();
+        ParaSet set = Size28Set();
+        set.pg.alm = 0;
+        ParaCompareLines lines;
+        QCOMPARE(MakeParaCompareList(image, set, lines), 1);
+        QCOMPARE(lines[2], QStringLiteral("ALM,"));
+    }
+
+    void japaneseReport()
+    {
+        ProgramState::instance().gMsgBase = 0;
+        ParaSet set = Size28Set();
+        set.home.vel = 11;
+        QCOMPARE(reportFor(set), QStringLiteral("照合結果 - NG\r\n<原点復帰パラメータ> :VEL,\r\n"));
+    }
+
+    // Every range on both sides: just inside is accepted, just outside refused.
+    // The fields are named by their entries in the file.
+    void rangeLimits_data()
+    {
+        QTest::addColumn<Change>("change");
+        QTest::addColumn<int>("expected");
+        struct Limit {
+            QList<int> entries;
+            int low;
+            int high;
+        };
+        const Limit limits[] = {
+            {{1, 8}, 1, 65535},                      // OFFSET, PULSE
+            {{2, 7}, 1, 255},                        // HOME byte, AXIS byte
+            {{3, 4, 5}, 1, 60},                      // VEL, OFSVEL, HOME speed
+            {{6, 17, 18}, 0, 262143},                // AXIS value, ETC values 1 and 2
+            {{9, 13, 21, 24, 26, 27, 28}, 0, 1},     // AUTODRIVE, FUNCTION, ETC flag, AUTO HOME, EMG, ALM1 CLEAR, flag
+            {{11}, 0, 4},                            // type
+            {{39}, 0, 500},                          // motor number
+            {{14}, 0, 65535},                        // ALM
+            {{15}, 0, 3},                            // HOME OUT
+            {{16}, 0, 2},                            // ETC selector
+            {{22}, 0, 100},                          // ETC percent
+            {{23, 25, 29, 35}, 0, 255},              // PG TIMER, LS TIMER, Reserved0, Reserved6
+        };
+        for (const Limit& l : limits) {
+            for (int entry : l.entries) {
+                for (int v : {l.low - 1, l.low, l.high, l.high + 1}) {
+                    QTest::addRow("entry %d = %d", entry, v)
+                        << Change([entry, v](ParaSet& s) { SetParaEntry(s, entry, v); }) << int(v < l.low || v > l.high);
+                }
+            }
+        }
+        QTest::newRow("no motor code") << Change([](ParaSet& s) { s.axis.motorCode.clear(); }) << 1;
+        QTest::newRow("no size") << Change([](ParaSet& s) { s.axis.sizeText.clear(); }) << 1;
+        QTest::newRow("no letter") << Change([](ParaSet& s) { s.axis.letter.clear(); }) << 1;
+        QTest::newRow("IN-P WID unchecked") << Change([](ParaSet& s) { s.etc.inpWid = 999; }) << 0;
+        QTest::newRow("ETC byte unchecked") << Change([](ParaSet& s) { s.etc.etcByte = 300; }) << 0;
+    }
+    void rangeLimits()
+    {
+        QFETCH(Change, change);
+        ParaSet set = Size28Set();
+        QCOMPARE(ParametaValueCheck(set), 0);
+        change(set);
+        QTEST(ParametaValueCheck(set), "expected");
+    }
+
+    // The byte at block 1 position 19 takes its range from the AXIS byte.
+    void dependentByteRange_data()
+    {
+        QTest::addColumn<int>("axisByte");
+        QTest::addColumn<int>("dependent");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("2: 50 allowed") << 2 << 50 << 0;
+        QTest::newRow("2: 51 refused") << 2 << 51 << 1;
+        QTest::newRow("6: 151 refused") << 6 << 151 << 1;
+        QTest::newRow("7: 200 allowed") << 7 << 200 << 0;
+        QTest::newRow("8: 201 refused") << 8 << 201 << 1;
+        QTest::newRow("8: 0 refused") << 8 << 0 << 1;
+        QTest::newRow("9: not checked") << 9 << 255 << 0;
+    }
+    void dependentByteRange()
+    {
+        QFETCH(int, axisByte);
+        QFETCH(int, dependent);
+        ParaSet set = Size28Set();
+        set.axis.axisByte = qint16(axisByte);
+        set.axis.dependentByte = qint16(dependent);
+        QTEST(ParametaValueCheck(set), "expected");
+    }
+
+    void emptyBoxes()
+    {
+        QCOMPARE(CheckParaInput(shownSize28()), 0);
+        for (QString ParaScreen::*box : {&ParaScreen::txtHomeOffset, &ParaScreen::txtHomeVel,
+                                          &ParaScreen::txtHomeOfsVel, &ParaScreen::txtAxisPulse,
+                                          &ParaScreen::txtPgAlarm, &ParaScreen::txtInpLimit,
+                                          &ParaScreen::txtPgCheckTimer, &ParaScreen::txtLsSerchTimer}) {
+            ParaScreen screen = shownSize28();
+            screen.*box = QString();
+            QCOMPARE(CheckParaInput(screen), 1);
+            screen.*box = QStringLiteral("  ");
+            QCOMPARE(CheckParaInput(screen), 1);
+        }
+    }
+
+    void keyFilter_data()
+    {
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("key");
+        QTest::addColumn<ParaKeyResult>("result");
+        const auto A = ParaKeyResult::Accept;
+        const auto D = ParaKeyResult::Discard;
+        const auto E = ParaKeyResult::Enter;
+        QTest::newRow("backspace at the limit") << "txtHomeVel" << "60" << 8 << A;
+        QTest::newRow("Enter") << "txtPgAlarm" << "1" << 13 << E;
+        QTest::newRow("Enter in a full box") << "txtPgAlarm" << "12345" << 13 << D;
+        QTest::newRow("OFFSET 5 digits") << "txtHomeOffset" << "1234" << int('5') << A;
+        QTest::newRow("OFFSET 6 digits") << "txtHomeOffset" << "12345" << int('6') << D;
+        QTest::newRow("IN-P WID 3 digits") << "txtInpLimit" << "12" << int('3') << A;
+        QTest::newRow("IN-P WID 4 digits") << "txtInpLimit" << "123" << int('4') << D;
+        QTest::newRow("PG TIMER 4 digits") << "txtPgCheckTimer" << "255" << int('1') << D;
+    }
+    void keyFilter()
+    {
+        QFETCH(QString, box);
+        QFETCH(QString, text);
+        QFETCH(int, key);
+        const std::optional<ParaBox> which = ParaBoxFromName(box);
+        QVERIFY(which);
+        QTEST(ParaKeyFilter(*which, text, false, key), "result");
+    }
+
+    void lostFocus_data()
+    {
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("OFFSET 000 empties") << "txtHomeOffset" << "000" << "";
+        QTest::newRow("IN-P WID empty becomes 0") << "txtInpLimit" << "" << "0";
+        QTest::newRow("PG TIMER 010") << "txtPgCheckTimer" << "010" << "10";
+    }
+    void lostFocus()
+    {
+        QFETCH(QString, box);
+        QFETCH(QString, text);
+        QFETCH(QString, shown);
+        QCOMPARE(ParaLostFocus(*ParaBoxFromName(box), text), shown);
+        QCOMPARE(ProgramState::instance().gChkText, shown);
+    }
+
+    void currentFollowsTheSize_data()
+    {
+        QTest::addColumn<QString>("size");
+        QTest::addColumn<QString>("shownSize");
+        QTest::addColumn<QString>("current");
+        QTest::newRow("42") << "42" << "42" << "1.2";
+        QTest::newRow("20 shown as SP keeps the box") << "20" << "SP" << "0.7";
+        QTest::newRow("E35 keeps the box") << "E35" << "E35" << "0.7";
+    }
+    void currentFollowsTheSize()
+    {
+        QFETCH(QString, size);
+        ParaSet set = Size28Set();
+        set.axis.sizeText = size;
+        ParaScreen screen;
+        screen.txtDenryu = QStringLiteral("0.7");
+        ParametaHyoji(set, screen);
+        QTEST(screen.comboActSize, "shownSize");
+        QTEST(screen.txtDenryu, "current");
+    }
+
+    void listValueOutsideItsListShowsNoSelection()
+    {
+        ParaSet set = Size28Set();
+        set.etc.homeOut = 4;
+        set.axis.autoDrive = 2;
+        set.special.emgLogic = -1;
+        set.special.alm1Clear = 1;
+        ParaScreen screen;
+        ParametaHyoji(set, screen);
+        QCOMPARE((QList<int>{screen.comboHomeOut, screen.comboAxisAutoDrv, screen.optEmgLogic, screen.optAlarmAutoClear}),
+                 (QList<int>{-1, -1, -1, 1}));
+    }
+
+    void takingTheScreenIn()
+    {
+        ParaScreen screen = shownSize28();
+        screen.txtHomeVel = QStringLiteral(" 61 ");
+        screen.comboActSize = QStringLiteral("SP");
+        screen.comboPgFunc = 1;
+        screen.optEmgLogic = 1;
+        ParaSet set = Size28Set();
+        set.axis.motorNumber = 7;
+        QCOMPARE(TorikomiParametaValue(screen, set), 0);
+        QCOMPARE((QVariantList{set.home.vel, set.axis.sizeText, set.axis.motorCode, set.pg.function, set.special.emgLogic}),
+                 (QVariantList{61, "20", "20L007", 1, 1}));
+        // VEL 61 passes the entry and is refused by the range check.
+        QCOMPARE(ParametaValueCheck(set), 1);
+    }
+
+    void unchangedScreenGivesTheSameSet()
+    {
+        ParaSet set = Size28Set();
+        QCOMPARE(TorikomiParametaValue(shownSize28(), set), 0);
+        QCOMPARE(Fields(set), Fields(Size28Set()));
+    }
+
+    // Text pasted past the key filter is refused as an invalid value.
+    void unreadableBoxIsRefused_data()
+    {
+        QTest::addColumn<QString>("alm");
+        QTest::addColumn<QString>("vel");
+        QTest::newRow("letters") << "abc" << "10";
+        QTest::newRow("digits then letters") << "12ab" << "10";
+        QTest::newRow("too large for its field") << "1000" << "99999";
+    }
+    void unreadableBoxIsRefused()
+    {
+        QFETCH(QString, alm);
+        QFETCH(QString, vel);
+        ParaScreen screen = shownSize28();
+        screen.txtPgAlarm = alm;
+        screen.txtHomeVel = vel;
+        screen.txtHomeOffset = QStringLiteral("31");
+        ParaSet set = Size28Set();
+        QCOMPARE(TorikomiParametaValue(screen, set), 1);
+        QCOMPARE(Fields(set), Fields(Size28Set()));
+    }
+};
+
+QTEST_APPLESS_MAIN(TestParaSet)
+#include "tst_paraset.moc"
