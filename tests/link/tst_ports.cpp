@@ -67,14 +67,6 @@ private slots:
         QVERIFY(PortNaming::deviceFor(int(ordered.size()) + 1, locations).isEmpty());
     }
 
-    void storedDeviceName()
-    {
-        TempSettings settings;
-        QVERIFY(PortNaming::storedName().isEmpty());
-        PortNaming::storeName(QStringLiteral(" /dev/ttyUSB3 "));
-        QCOMPARE(PortNaming::storedName(), QStringLiteral("/dev/ttyUSB3"));
-    }
-
     // A number outside 1..9 is read again from the setting, and the value
     // read is used as it stands.
     void openRereadsPortNumber_data()
@@ -115,14 +107,6 @@ private slots:
 
         QCOMPARE(rig.link.OpenCommPort(), 1);
         QCOMPARE(rig.prompter.texts(), QStringList{"Failed in opening of a communication port."});
-    }
-
-    void deviceNameReplacesNumber()
-    {
-        LinkRig rig;
-        rig.link.setPortName(QStringLiteral("/dev/pts/7"));
-        QCOMPARE(rig.link.OpenCommPort(), 0);
-        QCOMPARE(rig.port.opened, QStringList{"/dev/pts/7"});
     }
 
     void trialOutsideScanRangeReadsSetting()

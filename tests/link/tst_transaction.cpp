@@ -46,14 +46,6 @@ private slots:
         QVERIFY(rig.prompter.shown.isEmpty());
     }
 
-    // Only the first three characters are compared with the request.
-    void echoIsTheFirstThreeCharacters()
-    {
-        LinkRig rig;
-        rig.port.answer("0CM6", "0CM7\r\n");
-        QCOMPARE(rig.link.SendRecvCommand("0CM", 6, "6"), 0);
-    }
-
     void lineAssembly_data()
     {
         QTest::addColumn<Frames>("chunks");
@@ -196,20 +188,6 @@ private slots:
         QCOMPARE(rig.prompter.lastText(),
                  QStringLiteral("Communication error occurs!\r\n[Overload alarm.]"));
         QVERIFY(!rig.link.gErrorFound);
-    }
-
-    void acceptedReplyClearsTheAlarm()
-    {
-        LinkRig rig;
-        rig.port.answer("0RA", "0%%301\r\n");
-        rig.port.answer("0RA", "0RA1\r\n");
-        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
-        QVERIFY(rig.alarms.alarm);
-
-        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 0);
-        QVERIFY(!rig.alarms.alarm);
-        QVERIFY(!rig.link.gErrorReply);
-        QCOMPARE(rig.alarms.status, QStringLiteral(" "));
     }
 
     void errorLineOutsideATransaction()
