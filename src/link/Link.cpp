@@ -323,11 +323,11 @@ void Link::Private::writeFrame(const QString& frame)
     emit q->frameSent(bytes);
 }
 
-// Input that arrived before the request cannot be its reply. Noise and late
-// answers are dropped (the system's buffer with them). Error lines are the
-// controller's own reports and are decoded; the start of one still arriving
-// stays in front of the buffer, and the system's buffer with it, since the
-// rest of that line is there.
+// Input that arrived before the request cannot be its reply. All of it is
+// taken, what the serial driver still holds included: noise and late answers
+// are dropped, error lines are the controller's own reports and are decoded.
+// The start of one still arriving stays in front of the buffer; otherwise
+// the driver is cleared once more, of whatever came in meanwhile.
 void Link::Private::setAsideStaleInput()
 {
     const StaleInput stale = StaleInput::split(q->gRxBuffer + QString::fromLatin1(port.takeArrived()));
