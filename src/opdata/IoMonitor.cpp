@@ -29,8 +29,12 @@ IoMonitor::IoMonitor(SequenceContext& ctx, IoMonitorView& view, QObject* parent)
     connect(&timerInputOutput1, &QTimer::timeout, this, &IoMonitor::poll);
 }
 
+// A click while the monitor is still leaving its mode changes nothing: the
+// stop already asked for ends it.
 void IoMonitor::toggle()
 {
+    if (mIoStopRequest)
+        return;
     if (mIoRunning)
         stop();
     else
@@ -48,17 +52,23 @@ void IoMonitor::start()
     m_ctx.lock.Menyu_Muko();
 }
 
+// The other commands come back only once the controller has left
+// monitoring mode: started earlier, one would find the line taken by the
+// monitor's last exchange and fail.
 void IoMonitor::stop()
 {
     mIoStopRequest = true;
     m_view.setMonitorCaption(Msg(StartCaption));
+    // Leave monitoring mode at once rather than a whole interval later.
+    if (timerInputOutput1.isActive())
+        QTimer::singleShot(0, this, &IoMonitor::poll);
+}
+
+void IoMonitor::releaseCommands()
+{
     m_view.setOtherCommandsEnabled(true);
     m_ctx.lock.setTabsEnabled(true);
     m_ctx.lock.Menyu_Yuko();
-    // The commands are usable again: leave monitoring mode at once rather
-    // than a whole interval later, before anything else can use the line.
-    if (timerInputOutput1.isActive())
-        QTimer::singleShot(0, this, &IoMonitor::poll);
 }
 
 // Ticks arriving while a tick waits for the controller are dropped: each
@@ -120,6 +130,7 @@ void IoMonitor::leaveMonitorMode()
     timerInputOutput1.stop();
     m_ctx.commands.SetCommMode(NormalMode);
     m_ctx.link.CloseCommPort();
+    releaseCommands();
     clearFlags();
     AllLED_Off();
 }
@@ -128,7 +139,8 @@ void IoMonitor::leaveMonitorMode()
 void IoMonitor::failed()
 {
     timerInputOutput1.stop();
-    stop();
+    m_view.setMonitorCaption(Msg(StartCaption));
+    releaseCommands();
     m_ctx.link.CloseCommPort();
     clearFlags();
     AllLED_Off();

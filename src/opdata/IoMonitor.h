@@ -26,7 +26,8 @@ public:
     // cmdIoMonitor: starts when stopped, stops when running.
     void toggle();
     void start();
-    // The user asked to stop: the next tick leaves monitoring mode.
+    // The user asked to stop: the next tick leaves monitoring mode, and
+    // the other commands come back after it.
     void stop();
 
     // One tick of timerInputOutput1.
@@ -59,6 +60,7 @@ private:
     bool readInputsAndOutputs();
     void writeToggledOutputs();
     void leaveMonitorMode();
+    void releaseCommands();
     void failed();
     void clearFlags();
 
