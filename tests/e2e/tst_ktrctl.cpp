@@ -50,16 +50,14 @@ private slots:
     {
         QTest::addColumn<QStringList>("args");
         QTest::addColumn<QString>("message");
-        QTest::newRow("unknown option") << QStringList{"--lang", "en", "--fast", "check"} << "Unknown option: --fast";
-        QTest::newRow("missing value") << QStringList{"--lang", "en", "--port"} << "The option --port needs a value.";
+        QTest::newRow("unknown option") << QStringList{"--fast", "check"} << "Unknown option: --fast";
+        QTest::newRow("missing value") << QStringList{"--port"} << "The option --port needs a value.";
         QTest::newRow("bad language") << QStringList{"--lang", "fr", "check"} << "Invalid value for --lang: fr";
-        QTest::newRow("port and simulator")
-            << QStringList{"--lang", "en", "--simulator", "--port", "/dev/ttyS0", "check"}
-            << "--port and --simulator cannot be used together.";
-        QTest::newRow("no command") << QStringList{"--lang", "en", "--simulator"} << "No command given.";
-        QTest::newRow("unknown command") << QStringList{"--lang", "en", "--simulator", "spin"} << "Unknown command: spin";
-        QTest::newRow("extra argument") << QStringList{"--lang", "en", "--simulator", "check", "now"}
-                                        << "Unexpected argument: now";
+        QTest::newRow("port and simulator") << QStringList{"--simulator", "--port", "/dev/ttyS0", "check"}
+                                            << "--port and --simulator cannot be used together.";
+        QTest::newRow("no command") << QStringList{"--simulator"} << "No command given.";
+        QTest::newRow("unknown command") << QStringList{"--simulator", "spin"} << "Unknown command: spin";
+        QTest::newRow("extra argument") << QStringList{"--simulator", "check", "now"} << "Unexpected argument: now";
     }
     void usageErrors()
     {
@@ -118,44 +116,6 @@ private slots:
         const CtlRun run = KtrctlProcess::run({"--lang", "en", "--port", "/dev/ktr-no-such-port", "check"});
         QCOMPARE(run.exitCode, 1);
         QCOMPARE(run.err, QStringLiteral("Failed in opening of a communication port.\n"));
-    }
-
-    // Failures of a controller on a serial line, shown as the desktop tool's
-    // boxes would show them.
-    void controllerFaults_data()
-    {
-        QTest::addColumn<QStringList>("faults");
-        QTest::addColumn<QString>("command");
-        QTest::addColumn<QStringList>("frames");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("silent")
-            << QStringList{"--silent", "RA"} << "status" << QStringList{"0RA"}
-            << "Communication timeout error!\n\nCheck the followings;\n 1.Power ON for controller?\n"
-               " 2.Communication cables are connected?\n";
-        QTest::newRow("error reply")
-            << QStringList{"--error-reply", "AR:301"} << "reset" << QStringList{"0AR"}
-            << "Communication error occurs!\nError No.301\n[301: Overload alarm.]\n";
-        QTest::newRow("wrong echo")
-            << QStringList{"--wrong-echo", "CM"} << "check" << QStringList{"0CM6", "0CM6"}
-            << "Communication data length error occurs!\nLength of data is wrong.\n";
-        QTest::newRow("wrong length")
-            << QStringList{"--extra-char", "RA"} << "status" << QStringList{"0RA", "0CM6"}
-            << "Communication data length error occurs!\nLength of data is wrong.\n";
-    }
-    void controllerFaults()
-    {
-        QFETCH(QStringList, faults);
-        QFETCH(QString, command);
-        QFETCH(QString, message);
-        SimProcess sim(QStringLiteral(KTRSIM_PATH));
-        QVERIFY2(sim.start(faults), sim.standardError().constData());
-
-        const CtlRun run = KtrctlProcess::run({"--lang", "en", "--trace", "--port", sim.devicePath(), command});
-
-        QCOMPARE(run.exitCode, 1);
-        QVERIFY(run.out.isEmpty());
-        QTEST(sentFrames(run.err), "frames");
-        QVERIFY2(run.err.endsWith(message), qPrintable(run.err));
     }
 
     void statusDigitOutsideTheKnownOnes()
