@@ -13,4 +13,5 @@ public:
     void setSpeedChoiceEnabled(bool) override {}
     void setHomeEnabled(bool) override {}
     void setResetEnabled(bool) override {}
+    void setStopEnabled(bool) override {}
 };

@@ -22,6 +22,10 @@ public:
     virtual void ParaCMDBTN_Yuko() {}
     // The tab strip of the main window (SSTab1).
     virtual void setTabsEnabled(bool) {}
+    // A command holds the menus: Menyu_Muko was called, Menyu_Yuko not yet.
+    // Every command that talks to the controller does so for its whole run,
+    // the I/O monitor included.
+    virtual bool held() const { return false; }
 };
 
 // Progress shown during transfers: the bar over the status bar and the

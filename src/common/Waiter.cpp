@@ -18,6 +18,16 @@ Notifier& notifier()
 }
 
 bool g_aborted = false;
+int g_waits = 0;
+
+// Counts the waits in progress for as long as one runs.
+class Counted {
+public:
+    Counted() { ++g_waits; }
+    ~Counted() { --g_waits; }
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+};
 
 } // namespace
 
@@ -28,6 +38,7 @@ Waiter::Result Waiter::waitUntil(const std::function<bool()>& done, int timeoutM
     if (done())
         return Result::Done;
 
+    const Counted counted;
     QEventLoop loop;
     bool timedOut = false;
     QTimer timer;
@@ -43,8 +54,12 @@ Waiter::Result Waiter::waitUntil(const std::function<bool()>& done, int timeoutM
     if (timeoutMs >= 0)
         timer.start(timeoutMs);
 
-    while (!g_aborted && !timedOut && !done())
-        loop.exec();
+    while (!g_aborted && !timedOut && !done()) {
+        // Once the application quits, every event loop returns at once without
+        // serving events: no wait could end then, and it would spin.
+        if (loop.exec() < 0)
+            abortAll();
+    }
 
     if (g_aborted)
         return Result::Aborted;
@@ -66,6 +81,11 @@ void Waiter::abortAll()
 {
     g_aborted = true;
     wake();
+}
+
+bool Waiter::waiting()
+{
+    return g_waits > 0;
 }
 
 bool Waiter::aborted()

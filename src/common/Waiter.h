@@ -11,8 +11,9 @@
 //
 // A condition is looked at again whenever wake() is called: whoever changes a
 // flag that a wait may be watching calls wake() after changing it.
-// abortAll() (the window closing, Ctrl-C) ends every wait, and every later
-// one at once, so the stacks unwind before anything is deleted.
+// abortAll() (the window closing, Ctrl-C, the application quitting) ends
+// every wait, and every later one at once, so the stacks unwind before
+// anything is deleted.
 class Waiter {
 public:
     enum class Result { Done, TimedOut, Aborted };
@@ -25,6 +26,8 @@ public:
 
     static void wake();
     static void abortAll();
+    // A wait is in progress somewhere down the stack.
+    static bool waiting();
     static bool aborted();
     // Only for tests that abort on purpose and go on with the next case.
     static void clearAbort();

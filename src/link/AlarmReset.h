@@ -3,14 +3,15 @@
 struct SequenceContext;
 class AlarmDisplay;
 
-// The alarm reset of the RESET button: "0AR" with the command buttons and
-// the tab strip disabled; on success the lamps go back to green and the
-// status label is emptied.
+// The alarm reset of the RESET button: "0AR" with the other commands held
+// off (command buttons, tab strip, menus); on success the lamps go back to
+// green and the status label is emptied.
 class AlarmReset {
 public:
     AlarmReset(SequenceContext& context, AlarmDisplay& alarms);
 
-    // 0 when the controller accepted the reset; 1 after the link showed why not.
+    // 0 when the controller accepted the reset; 1 after the link showed why
+    // not, or when another command runs.
     int run();
 
 private:

@@ -9,12 +9,14 @@
 #include "link/PortNaming.h"
 #include "link/Prompter.h"
 #include "link/SerialPort.h"
+#include "link/StaleInput.h"
 #include "link/TransactionMessages.h"
 #include "shell/Settings.h"
 
 #include <QTimer>
 
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -60,12 +62,21 @@ struct Link::Private : QObject {
     QString deviceOf(int n) const { return deviceOfNumber ? deviceOfNumber(n) : QString(); }
     bool openDevice(const QString& device);
 
+    void releasePort();
+    int refuse(const QString& command);
+    int transact(const QString& frame, int expectedLength);
     void startTimeout();
     void onTimeout();
     void writeFrame(const QString& frame);
+    void setAsideStaleInput();
     void poll();
+    bool finishStaleLine();
+    void announce(const QString& line);
+    void takeOwnError(const QString& line);
+    void tellOwnErrors();
     void onLost();
 
+    int failLost();
     int failTimedOut();
     int failErrorReply();
     int accept();
@@ -78,6 +89,13 @@ struct Link::Private : QObject {
     const ErrorList& errors;
     QTimer* TimerTimeout;
     bool inFlight = false;
+    // The device went away; cleared when it opens again.
+    bool lost = false;
+    // How many characters at the front of gRxBuffer arrived before the
+    // request: the start of an error line that is not the reply.
+    qsizetype staleChars = 0;
+    // What the controller reported on its own during this transaction.
+    QStringList ownErrors;
     QString portName;
     std::function<QString(int)> deviceOfNumber = [](int n) { return PortNaming::deviceFor(n); };
     std::array<bool, PortNaming::ScanPorts + 1> available{};
@@ -117,16 +135,29 @@ int Link::OpenCommPort()
     if (d->port.isOpen())
         return 0;
     const QString device = d->portName.isEmpty() ? d->deviceOf(state.gPortNo) : d->portName;
-    if (d->openDevice(device))
+    if (d->openDevice(device)) {
+        d->lost = false;
         return 0;
-    d->prompter.tell(Msg(109));
+    }
+    d->prompter.tell(d->lost ? TransactionMessages::lostPortNotReopened() : Msg(109));
     return 1;
 }
 
+// The port belongs to the request that waits for its reply: a sequence
+// refused meanwhile must not close it under it.
 void Link::CloseCommPort()
 {
-    if (d->port.isOpen() && !ProgramState::instance().gPortOccupy)
-        ClosePortNow();
+    if (d->inFlight) {
+        qCWarning(lcLink) << "port left open: a request still waits for its reply";
+        return;
+    }
+    d->releasePort();
+}
+
+void Link::Private::releasePort()
+{
+    if (port.isOpen() && !ProgramState::instance().gPortOccupy)
+        q->ClosePortNow();
 }
 
 int Link::TryOpenPort(int n)
@@ -203,12 +234,15 @@ QString Link::deviceOf(int n) const
     return d->deviceOf(n);
 }
 
-// Only logged: the user hears of it through the message of the transaction
-// that fails, and ktrctl's stderr carries nothing else.
+// The port is let go at once. A request waiting for its reply ends now and
+// says why; otherwise the next transaction opens the port again and says so
+// only when that fails.
 void Link::Private::onLost()
 {
     qCInfo(lcLink) << "serial device lost; it is opened again by the next transaction";
     q->ClosePortNow();
+    lost = true;
+    Waiter::wake();
 }
 
 // --- transaction ------------------------------------------------------------------
@@ -220,38 +254,52 @@ bool Link::busy() const
 
 int Link::SendRecvCommand(const QString& command, int expectedLength, const QString& data)
 {
-    if (d->inFlight) {
-        qCCritical(lcLink) << "internal error: transaction" << command
-                           << "refused, another one is still waiting for its reply";
-        return 1;
-    }
+    if (d->inFlight)
+        return d->refuse(command);
     const InFlight inFlight(d->inFlight);
+    d->ownErrors.clear();
+    const int result = d->transact(command + data, expectedLength);
+    d->tellOwnErrors();
+    return result;
+}
 
-    if (OpenCommPort() != 0)
+// Told without waiting for an answer: the transaction in flight goes on
+// untouched below this call.
+int Link::Private::refuse(const QString& command)
+{
+    qCCritical(lcLink) << "internal error: transaction" << command
+                       << "refused, another one is still waiting for its reply";
+    prompter.notify(TransactionMessages::refusedWhileBusy());
+    return 1;
+}
+
+int Link::Private::transact(const QString& frame, int expectedLength)
+{
+    if (q->OpenCommPort() != 0)
         return 1;
-    gCommError = false;
-    gTimedOut = false;
-    d->startTimeout();
-    gRxBuffer.clear();
-    const QString frame = command + data;
+    q->gCommError = false;
+    q->gTimedOut = false;
+    startTimeout();
     const QString code = frame.left(3);
-    gReplyReceived = false;
-    d->writeFrame(frame);
+    writeFrame(frame);
 
-    const Waiter::Result waited = Waiter::waitUntil([this] { return gReplyReceived || gTimedOut; });
-    d->TimerTimeout->stop();
+    const Waiter::Result waited =
+        Waiter::waitUntil([this] { return q->gReplyReceived || q->gTimedOut || lost; });
+    TimerTimeout->stop();
     if (waited == Waiter::Result::Aborted) {
-        gAbortWait = true;
+        q->gAbortWait = true;
         return 1;
     }
-    if (gTimedOut)
-        return d->failTimedOut();
-    if (gReply.startsWith(ErrorReplyHead))
-        return d->failErrorReply();
-    const bool echoMatched = gReply.left(3) == code;
-    if (echoMatched && gReply.size() == expectedLength)
-        return d->accept();
-    return d->resynchronise(echoMatched);
+    if (lost)
+        return failLost();
+    if (q->gTimedOut)
+        return failTimedOut();
+    if (q->gReply.startsWith(ErrorReplyHead))
+        return failErrorReply();
+    const bool echoMatched = q->gReply.left(3) == code;
+    if (echoMatched && q->gReply.size() == expectedLength)
+        return accept();
+    return resynchronise(echoMatched);
 }
 
 void Link::Private::startTimeout()
@@ -265,22 +313,44 @@ void Link::Private::onTimeout()
     Waiter::wake();
 }
 
-// Input that arrived before the request (a late answer to an earlier one, a
-// line the controller sent on its own) is dropped, so it cannot pass for
-// the reply.
 void Link::Private::writeFrame(const QString& frame)
 {
     const QByteArray bytes = frame.toLatin1();
-    port.discardInput();
+    setAsideStaleInput();
+    q->gReplyReceived = false;
     port.write(bytes + "\r\n");
     qCDebug(lcLinkFrames).noquote() << ">" << frame;
     emit q->frameSent(bytes);
 }
 
+// Input that arrived before the request cannot be its reply. All of it is
+// taken, what the serial driver still holds included: noise and late answers
+// are dropped, error lines are the controller's own reports and are decoded.
+// The start of one still arriving stays in front of the buffer; otherwise
+// the driver is cleared once more, of whatever came in meanwhile.
+void Link::Private::setAsideStaleInput()
+{
+    const StaleInput stale = StaleInput::split(q->gRxBuffer + QString::fromLatin1(port.takeArrived()));
+    if (stale.head.isEmpty())
+        port.discardInput();
+    q->gRxBuffer = stale.head;
+    staleChars = stale.head.size();
+    for (const QString& line : stale.errorLines)
+        takeOwnError(line);
+}
+
+// The device went away under the request; onLost has let the port go.
+int Link::Private::failLost()
+{
+    q->gCommError = true;
+    prompter.tell(TransactionMessages::portLost(), Prompter::Icon::Exclamation);
+    return 1;
+}
+
 int Link::Private::failTimedOut()
 {
     q->gCommError = true;
-    q->CloseCommPort();
+    releasePort();
     prompter.tell(TransactionMessages::timedOut());
     return 1;
 }
@@ -292,13 +362,17 @@ int Link::Private::failErrorReply()
     q->ErrorCheck();
     prompter.tell(TransactionMessages::errorReply(q->gErrorFound, q->gErrorNo, q->gErrorText));
     if (q->gCloseAfterError)
-        q->CloseCommPort();
+        releasePort();
     return 1;
 }
 
+// An error the controller reported on its own meanwhile stays on the lamp:
+// the reply says nothing about it.
 int Link::Private::accept()
 {
     q->gErrorReply = false;
+    if (!ownErrors.isEmpty())
+        return 0;
     alarms.setStatusText(QStringLiteral(" "));
     alarms.showAlarm(false);
     return 0;
@@ -312,21 +386,21 @@ int Link::Private::resynchronise(bool echoMatched)
 {
     q->gTimedOut = false;
     startTimeout();
-    q->gRxBuffer.clear();
-    q->gReplyReceived = false;
     writeFrame(ResyncFrame);
 
     const Waiter::Result waited = Waiter::waitUntil([this, echoMatched] {
-        return q->gReplyReceived || q->gAbortWait || (!echoMatched && q->gTimedOut);
+        return q->gReplyReceived || q->gAbortWait || lost || (!echoMatched && q->gTimedOut);
     });
     TimerTimeout->stop();
     if (waited == Waiter::Result::Aborted)
         q->gAbortWait = true;
     if (q->gAbortWait)
         return 1;
+    if (lost)
+        return failLost();
     if (q->gReply.startsWith(ErrorReplyHead))
         return failErrorReply();
-    q->CloseCommPort();
+    releasePort();
     q->gCommError = true;
     prompter.tell(TransactionMessages::lengthError());
     return 1;
@@ -342,19 +416,69 @@ void Link::Private::poll()
     if (port.bytesAvailable() < 1)
         return;
     q->gRxBuffer += QString::fromLatin1(port.readAll());
+    if (staleChars > 0 && !finishStaleLine())
+        return;
     if (!q->gRxBuffer.endsWith(CrLf))
         return;
     q->gReplyReceived = true;
     q->gReply = q->gRxBuffer;
     q->gRxBuffer.clear();
-    const QByteArray line = withoutLineEnd(q->gReply);
-    qCDebug(lcLinkFrames).noquote() << "<" << line;
-    emit q->lineReceived(line);
+    announce(q->gReply);
     if (q->gReply.startsWith(ErrorReplyHead)) {
         q->gErrorReply = true;
         q->ErrorCheck();
     }
     Waiter::wake();
+}
+
+// The line that began before the request is not the reply. Once it is
+// plainly an error line it is read to its CR LF and decoded; once it is
+// plainly not one, its first characters were noise and are dropped. True
+// when what follows it is there to be looked at.
+bool Link::Private::finishStaleLine()
+{
+    QString& rx = q->gRxBuffer;
+    if (rx.size() < ErrorReplyHead.size() && ErrorReplyHead.startsWith(rx))
+        return false;
+    if (!rx.startsWith(ErrorReplyHead)) {
+        rx.remove(0, std::exchange(staleChars, 0));
+        return true;
+    }
+    const qsizetype end = rx.indexOf(CrLf);
+    if (end < 0)
+        return false;
+    const QString line = rx.left(end + CrLf.size());
+    rx.remove(0, line.size());
+    staleChars = 0;
+    takeOwnError(line);
+    return !rx.isEmpty();
+}
+
+void Link::Private::announce(const QString& line)
+{
+    const QByteArray bytes = withoutLineEnd(line);
+    qCDebug(lcLinkFrames).noquote() << "<" << bytes;
+    emit q->lineReceived(bytes);
+}
+
+// Decoded as any error line is; a request waiting meanwhile tells it (the
+// same report once) when its own reply has been judged.
+void Link::Private::takeOwnError(const QString& line)
+{
+    q->gReply = line;
+    announce(line);
+    q->gErrorReply = true;
+    q->ErrorCheck();
+    const QString report = TransactionMessages::ownError(
+        TransactionMessages::errorReply(q->gErrorFound, q->gErrorNo, q->gErrorText));
+    if (inFlight && !ownErrors.contains(report))
+        ownErrors << report;
+}
+
+void Link::Private::tellOwnErrors()
+{
+    for (const QString& text : std::exchange(ownErrors, {}))
+        prompter.tell(text, Prompter::Icon::Exclamation);
 }
 
 // --- error replies ------------------------------------------------------------------

@@ -24,9 +24,11 @@ public:
 
     // --- port management ---------------------------------------------------
     // Opens the port of gPortNo (or portName() when set) unless it is open.
-    // 0 when open afterwards; 1 after message 109 was shown.
+    // 0 when open afterwards; 1 after message 109 was shown (with a word on
+    // the device that went away, when it did).
     int OpenCommPort();
-    // Closes the port unless gPortOccupy holds it open.
+    // Closes the port unless gPortOccupy holds it open, or a request still
+    // waits for its reply on it.
     void CloseCommPort();
     // Opening trial of numbered port n for the port scan; no message.
     int TryOpenPort(int n);
@@ -52,7 +54,10 @@ public:
     // --- transaction -------------------------------------------------------
     // Writes command + data + CR LF, waits for the reply line or gTimeoutMs,
     // checks echo and length, shows any failure, and returns 0 (reply in
-    // gReply) or 1. A second call while one is in flight is refused with 1.
+    // gReply) or 1. An error line the controller sent on its own as the
+    // request went out is decoded and told, and is not taken for the reply.
+    // The device going away ends the wait at once. A second call while one
+    // is in flight is refused with 1 and a notice that is not waited for.
     int SendRecvCommand(const QString& command, int expectedLength, const QString& data);
     bool busy() const;
 

@@ -22,4 +22,9 @@ public:
     {
         ask(text, Buttons::Ok, icon, title);
     }
+
+    // A message that is not waited for: the caller goes on at once. For
+    // what must be said while another sequence waits below, which a modal
+    // box would hold up. Where nothing waits it is told like any other.
+    virtual void notify(const QString& text, Icon icon = Icon::Exclamation) { tell(text, icon); }
 };

@@ -7,7 +7,10 @@ QtSerialPort::QtSerialPort(QObject* parent)
     : SerialPort(parent)
     , m_port(new QSerialPort(this))
 {
-    connect(m_port, &QSerialPort::readyRead, this, &SerialPort::readyRead);
+    connect(m_port, &QSerialPort::readyRead, this, [this] {
+        if (!m_taking)
+            emit readyRead();
+    });
     connect(m_port, &QSerialPort::errorOccurred, this, &QtSerialPort::onError);
 }
 
@@ -64,6 +67,21 @@ qint64 QtSerialPort::bytesAvailable() const
 QByteArray QtSerialPort::readAll()
 {
     return m_port->readAll();
+}
+
+// What the driver holds is pulled in with a poll whose time-out is zero: it
+// never waits. Its readyRead is not passed on, as the caller takes the bytes
+// here; an empty poll leaves a time-out error behind, which means nothing.
+QByteArray QtSerialPort::takeArrived()
+{
+    QByteArray bytes = m_port->readAll();
+    m_taking = true;
+    if (m_port->waitForReadyRead(0))
+        bytes += m_port->readAll();
+    m_taking = false;
+    if (m_port->error() == QSerialPort::TimeoutError)
+        m_port->clearError();
+    return bytes;
 }
 
 // Clears the driver's buffer and the one inside QSerialPort.

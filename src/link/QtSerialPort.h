@@ -19,6 +19,7 @@ public:
     qint64 write(const QByteArray& data) override;
     qint64 bytesAvailable() const override;
     QByteArray readAll() override;
+    QByteArray takeArrived() override;
     void discardInput() override;
     QString errorString() const override;
 
@@ -28,4 +29,5 @@ private:
 
     QSerialPort* m_port;
     QString m_error;
+    bool m_taking = false;
 };

@@ -19,6 +19,10 @@ public:
     virtual qint64 write(const QByteArray& data) = 0;
     virtual qint64 bytesAvailable() const = 0;
     virtual QByteArray readAll() = 0;
+    // Everything that has arrived so far, also what the system holds and has
+    // not reported yet, without a readyRead. An adapter with no buffer of
+    // its own below it has no more than readAll() gives.
+    virtual QByteArray takeArrived() { return readAll(); }
     // Drops input that arrived before a new request is written.
     virtual void discardInput() = 0;
     virtual QString errorString() const = 0;

@@ -15,4 +15,14 @@ public:
     static QString errorReply(bool found, const QString& errorNo, const QString& errorText);
     // A reply of the wrong length or echo.
     static QString lengthError();
+
+    // An error line the controller sent on its own, not as the reply;
+    // errorReplyText: the error as errorReply() words it.
+    static QString ownError(const QString& errorReplyText);
+    // The device went away while a request waited for its reply.
+    static QString portLost();
+    // Opening failed for a device that went away earlier.
+    static QString lostPortNotReopened();
+    // A second transaction while one waits for its reply.
+    static QString refusedWhileBusy();
 };

@@ -1,8 +1,7 @@
 #include "link/VersionQuery.h"
 
-#include "common/ControlLock.h"
 #include "common/MessageTable.h"
-#include "common/ProgramState.h"
+#include "link/CommandHold.h"
 #include "link/CommandSet.h"
 #include "link/Link.h"
 #include "link/Prompter.h"
@@ -18,21 +17,15 @@ QString VersionQuery::versionText(const QString& digits)
     return digits.left(1) + u'.' + digits.mid(1, 2);
 }
 
+// Its menu item stays enabled while other commands run, so it asks first.
 int VersionQuery::run()
 {
-    ProgramState& state = ProgramState::instance();
-    m_context.lock.CMDBTN_Muko();
-    m_context.lock.Menyu_Muko();
-    state.gCommBusy = true;
-
+    if (!CommandHold::mayStart(m_context))
+        return 1;
+    const CommandHold hold(m_context);
     const int result = query();
     if (result == 0)
         m_context.prompter.tell(Msg(418) + m_version + Msg(419));
-
-    m_context.link.CloseCommPort();
-    state.gCommBusy = false;
-    m_context.lock.CMDBTN_Yuko();
-    m_context.lock.Menyu_Yuko();
     return result;
 }
 

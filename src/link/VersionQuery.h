@@ -12,7 +12,8 @@ class VersionQuery {
 public:
     explicit VersionQuery(SequenceContext& context);
 
-    // 0 when the version was read and shown; 1 after the link showed why not.
+    // 0 when the version was read and shown; 1 after the link showed why
+    // not, or when another command runs.
     int run();
 
     QString version() const { return m_version; }

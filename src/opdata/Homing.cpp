@@ -1,10 +1,12 @@
 #include "opdata/Homing.h"
 
 #include "common/ControlLock.h"
+#include "common/MessageTable.h"
 #include "common/ProgramState.h"
 #include "common/Waiter.h"
 #include "link/CommandSet.h"
 #include "link/Link.h"
+#include "link/Prompter.h"
 #include "link/SequenceContext.h"
 #include "opdata/OpDataLog.h"
 #include "opdata/OpDataView.h"
@@ -14,8 +16,10 @@
 namespace {
 
 constexpr int HomePoint = 0;
+constexpr int StatusMoving = 0;
 constexpr int StatusFinished = 1;
 constexpr int StatusFailed = -1;
+constexpr int HomingGivenUpMessage = 5101;
 
 } // namespace
 
@@ -28,6 +32,7 @@ int Homing::run()
     if (m_running)
         return 1;
     const QScopedValueRollback running(m_running, true);
+    m_stopRequest = false;
     ProgramState& ps = ProgramState::instance();
 
     m_ctx.lock.HOMEBTN_Muko();
@@ -60,18 +65,42 @@ int Homing::steps()
         return 1;
     }
     ps.gHomeFailed = false;
-    int status = 0;
-    do {
+    return waitForHome();
+}
+
+void Homing::stop()
+{
+    if (!m_running)
+        return;
+    m_stopRequest = true;
+    Waiter::wake();
+}
+
+// Polled until home is reached or a query fails. A stop short of home
+// (status 2 or 3) is polled on, as the unit may yet go on; STOP, offered
+// then, gives the wait up so that the user can reset the alarm.
+int Homing::waitForHome()
+{
+    for (;;) {
         if (Waiter::sleep(PollGapMs) == Waiter::Result::Aborted)
             return 1;
-        status = m_ctx.commands.ReadRunStatus();
-    } while (status != StatusFinished && status != StatusFailed);
-    if (status == StatusFailed) {
-        ps.gHomeRequested = false;
-        m_ctx.link.CloseCommPort();
-        return 1;
+        const int status = m_ctx.commands.ReadRunStatus();
+        if (status == StatusFinished)
+            return 0;
+        if (status == StatusFailed) {
+            ProgramState::instance().gHomeRequested = false;
+            m_ctx.link.CloseCommPort();
+            return 1;
+        }
+        if (status == StatusMoving)
+            continue;
+        if (m_stopRequest) {
+            ProgramState::instance().gHomeRequested = false;
+            m_ctx.prompter.tell(Msg(HomingGivenUpMessage).arg(status), Prompter::Icon::Exclamation);
+            return 1;
+        }
+        m_view.setStopEnabled(true);
     }
-    return 0;
 }
 
 void Homing::homeMoveFailed()

@@ -22,6 +22,7 @@ constexpr int TestPoint = 1;
 constexpr int FirstPoint = 1;
 constexpr int LastPoint = 63;
 constexpr int PointRangeMessage = 561;
+constexpr int MoveGivenUpMessage = 5100;
 
 constexpr int StatusMoving = 0;
 constexpr int StatusFinished = 1;
@@ -159,12 +160,16 @@ bool MoveRun::moveOnce()
     return true;
 }
 
+// A controller that stopped short of the end (an alarm: status 3) is polled
+// on, as it may yet go on; STOP gives the move up then, so that the user can
+// reset the alarm.
 MoveRun::Poll MoveRun::waitForMoveEnd()
 {
     for (;;) {
         if (Waiter::sleep(PollGapMs) == Waiter::Result::Aborted)
             return Poll::Aborted;
-        switch (m_ctx.commands.ReadRunStatus()) {
+        const int status = m_ctx.commands.ReadRunStatus();
+        switch (status) {
         case StatusFinished:
             m_state.mMoving = false;
             return Poll::Finished;
@@ -173,8 +178,12 @@ MoveRun::Poll MoveRun::waitForMoveEnd()
         case StatusFailed:
             return Poll::Failed;
         case StatusMoving:
-        default:
             break;
+        default:
+            if (m_state.mStopRequest) {
+                m_ctx.prompter.tell(Msg(MoveGivenUpMessage).arg(status), Prompter::Icon::Exclamation);
+                return Poll::GivenUp;
+            }
         }
     }
 }

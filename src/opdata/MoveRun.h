@@ -24,14 +24,16 @@ public:
     enum class Result {
         Done,        // the moves ran (a stopped series too)
         NotAtRest,   // the controller was moving or in alarm: nothing was sent
-        Failed,      // a transaction failed and was reported, or the wait was aborted
+        Failed,      // a transaction failed and was reported, the wait was aborted, or
+                     // STOP gave up a move the controller had stopped short of its end
     };
 
     MoveRun(SequenceContext& ctx, MoveTestState& state, OpDataView& view, QObject* parent = nullptr);
 
     // A click while a run is active is ignored and answers Failed.
     Result run();
-    // STOP: seen after the move in progress or during the dwell.
+    // STOP: seen after the move in progress or during the dwell; ends the
+    // wait for a move that the controller stopped short of its end.
     void stop();
     bool isRunning() const { return m_running; }
 
@@ -43,7 +45,7 @@ signals:
     void moveFinished(int moveNo);
 
 private:
-    enum class Poll { Finished, Failed, Aborted };
+    enum class Poll { Finished, Failed, Aborted, GivenUp };
 
     Result steps();
     void takeLeftovers(bool continuous);

@@ -17,4 +17,5 @@ public:
     virtual void setSpeedChoiceEnabled(bool enabled) = 0;   // comboVEL
     virtual void setHomeEnabled(bool enabled) = 0;          // cmdHOME
     virtual void setResetEnabled(bool enabled) = 0;         // cmdRESET
+    virtual void setStopEnabled(bool enabled) = 0;          // cmdSTOP
 };

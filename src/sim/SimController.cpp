@@ -12,6 +12,9 @@ SimController::SimController(QObject* parent)
         if (!m_faults.alarmOnMove || m_axis.moving())
             raiseAlarm(m_faults.alarmCode);
     });
+    connect(&m_errorLineTimer, &QTimer::timeout, this, [this] {
+        m_queue.push(ControllerError::reply(m_faults.errorLineCode) + "\r\n");
+    });
 }
 
 void SimController::setTimeScale(double scale)
@@ -32,6 +35,9 @@ void SimController::setFaults(const SimFaults& faults)
     m_moveAlarmPending = !faults.alarmCode.isEmpty() && faults.alarmOnMove;
     if (!faults.alarmCode.isEmpty() && !faults.alarmOnMove)
         m_alarmTimer.start(faults.alarmAfterMs);
+    m_errorLineTimer.stop();
+    if (faults.errorLineEveryMs > 0)
+        m_errorLineTimer.start(faults.errorLineEveryMs);
 }
 
 void SimController::receive(const QByteArray& bytes)

@@ -56,6 +56,7 @@ private:
     ReplyQueue m_queue;
     SimFaults m_faults;
     QTimer m_alarmTimer;
+    QTimer m_errorLineTimer;
     QByteArray m_line;
     int m_requests = 0;
     bool m_moveAlarmPending = false;

@@ -50,6 +50,12 @@ struct SimFaults {
     int alarmAfterMs = 0;
     bool alarmOnMove = false;
 
+    // An error line ("0%%" + code) sent on its own every errorLineEveryMs,
+    // whatever the client is doing: it may reach the client just as a
+    // request goes out.
+    QByteArray errorLineCode;
+    int errorLineEveryMs = 0;
+
     bool stbInput = false;
     bool stopInput = false;
 

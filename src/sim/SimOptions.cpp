@@ -46,6 +46,14 @@ bool setAlarm(SimOptions& o, const QString& v)
     return ok && o.faults.alarmAfterMs >= 0 && ControllerError::isAlarm(o.faults.alarmCode);
 }
 
+bool setErrorLine(SimOptions& o, const QString& v)
+{
+    bool ok = false;
+    o.faults.errorLineCode = v.section(u'@', 0, 0).toLatin1();
+    o.faults.errorLineEveryMs = v.section(u'@', 1).toInt(&ok);
+    return ok && o.faults.errorLineEveryMs > 0 && o.faults.errorLineCode.size() == 3;
+}
+
 bool setTimeScale(SimOptions& o, const QString& v)
 {
     bool ok = false;
@@ -75,6 +83,7 @@ const QHash<QString, Setter>& valueOptions()
         {"--error-reply", setErrorReply},
         {"--garbage", [](SimOptions& o, const QString& v) { return setMatch(o.faults.garbage, v); }},
         {"--alarm", setAlarm},
+        {"--error-line", setErrorLine},
         {"--restart-after", setRestartAfter},
     };
     return table;
@@ -152,7 +161,7 @@ QString SimOptions::usage()
 {
     static const int ids[] = {4900, 4901, 0, 4902, 4903, 4904, 0, 4905, 4906, 4907, 4908, 4909,
                               4910, 0, 4911, 4912, 4913, 4914, 4915, 4916, 4917, 4918, 4919,
-                              4920, 4921, 0, 4980, 4922, 4923};
+                              4920, 4921, 5210, 0, 4980, 4922, 4923};
     QStringList lines;
     for (int id : ids)
         lines << (id == 0 ? QString() : Msg(id));

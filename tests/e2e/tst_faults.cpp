@@ -16,6 +16,7 @@
 
 #include <QElapsedTimer>
 #include <QTest>
+#include <QThread>
 #include <QTimer>
 
 #include <memory>
@@ -26,6 +27,8 @@ const QString TimedOut = QStringLiteral("Communication timeout error!\r\n\r\nChe
                                         " 1.Power ON for controller?\r\n 2.Communication cables are connected?");
 const QString LengthError = QStringLiteral("Communication data length error occurs!\r\nLength of data is wrong.");
 const QString WriteFailed = QStringLiteral("Fail to Write parameters.");
+const QString PortLost = QStringLiteral("The device of the communication port has gone away (was the cable or the USB "
+                                        "adapter unplugged?).\r\nThe port has been released; the next command opens it again.");
 
 // What ktrctl told its user: stderr without the lines of --trace.
 QStringList toldLines(const QString& err)
@@ -115,9 +118,9 @@ class TestFaults : public QObject {
     Q_OBJECT
 
 private slots:
-    // The adapter pulled while a request waits for its reply, then while the
-    // port is merely held open: each time the failure is told once, the
-    // port is let go, and the adapter plugged in again serves the next one.
+    // The adapter pulled while a request waits for its reply (told as such
+    // at once), then while the port is merely held open: each time the port
+    // is let go, and the adapter plugged in again serves the next request.
     void pulledAdapterIsLetGoAndUsedAgain()
     {
         Adapter adapter;
@@ -127,7 +130,7 @@ private slots:
             adapter.pull();
         });
         QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
-        QCOMPARE(rig.prompter.texts(), QStringList{TimedOut});
+        QCOMPARE(rig.prompter.texts(), QStringList{PortLost});
         QVERIFY(!rig.link.busy());
         QVERIFY(!rig.link.isPortOpen());
 
@@ -146,16 +149,16 @@ private slots:
     }
 
     // ktr-sim ends while ktrctl waits for a reply in the middle of the
-    // sequence: ktrctl tells why and ends within the reply's time-out.
+    // sequence: ktrctl tells that the line is gone and ends at once.
     void controllerGoneDuringTransfer_data()
     {
         QTest::addColumn<QString>("late");
         QTest::addColumn<QStringList>("command");
         QTest::addColumn<QString>("inFlight");
         QTest::addColumn<QStringList>("messages");
-        QTest::newRow("params read") << "1000:RD" << QStringList{"read"} << "> 0RD1" << QStringList{TimedOut};
+        QTest::newRow("params read") << "1000:RD" << QStringList{"read"} << "> 0RD1" << QStringList{PortLost};
         QTest::newRow("params write") << "1000:WD" << QStringList{"write", "FILE"} << "> 0WD1"
-                                      << QStringList{TimedOut, WriteFailed};
+                                      << QStringList{PortLost, WriteFailed};
     }
     void controllerGoneDuringTransfer()
     {
@@ -214,6 +217,38 @@ private slots:
         QCOMPARE(rig.link.SendRecvCommand("0RV", 11, ""), 0);
         QCOMPARE(rig.link.gReply, QStringLiteral("0RVK01100\r\n"));
         QVERIFY(rig.prompter.shown.isEmpty());
+    }
+
+    // On a paced line the controller sends an error line on its own just as
+    // a request goes out (cut in two by it, or whole and not yet read): it is
+    // told as the controller's own report, and the reply after it is the
+    // request's, accepted as it is.
+    void ownErrorLineAsARequestGoesOut_data()
+    {
+        QTest::addColumn<bool>("cut");
+        QTest::newRow("cut") << true;
+        QTest::newRow("whole, still with the system") << false;
+    }
+    void ownErrorLineAsARequestGoesOut()
+    {
+        QFETCH(bool, cut);
+        SimProcess sim(QStringLiteral(KTRSIM_PATH));
+        QVERIFY2(sim.start({"--pace", "--error-line", "301@150"}), sim.standardError().constData());
+        PtyLink rig(sim.devicePath());
+        QCOMPARE(rig.link.OpenCommPort(), 0);
+        QObject::connect(&rig.port, &SerialPort::readyRead, [] { Waiter::wake(); });
+        if (cut)
+            QCOMPARE(Waiter::waitUntil([&] { return !rig.link.gRxBuffer.isEmpty(); }, 5000), Waiter::Result::Done);
+        else
+            QThread::msleep(400);
+
+        QCOMPARE(rig.link.SendRecvCommand("0RV", 11, ""), 0);
+
+        QCOMPARE(rig.link.gReply, QStringLiteral("0RVK01100\r\n"));
+        QCOMPARE(rig.prompter.texts(), QStringList{"The controller reported an error of its own accord (not in reply to "
+                                                   "a command).\r\nCommunication error occurs!\r\nError No.301\r\n"
+                                                   "[301: Overload alarm.]"});
+        QVERIFY(rig.alarms.alarm);
     }
 
     // The controller restarts while it answers one of the write's requests

@@ -7,6 +7,7 @@
 #include "support/PtyController.h"
 #include "support/SimProcess.h"
 
+#include <QElapsedTimer>
 #include <QTest>
 
 namespace {
@@ -86,16 +87,6 @@ private slots:
         QCOMPARE(linesOf(lost.out), (QStringList{"VEL=300", "ACC=1", "DIR=CW", "DIVISION=12", "GEAR=1", "SPEED=1"}));
     }
 
-    void homeWaitsForTheEnd()
-    {
-        const CtlRun home = KtrctlProcess::run({"--simulator", "--trace", "home"});
-        QCOMPARE(home.exitCode, 0);
-        const QStringList frames = sentFrames(home.err);
-        QCOMPARE(frames.mid(0, 3), (QStringList{"0CM6", "0MP00", "0RA"}));
-        QCOMPARE(frames.count(QStringLiteral("0RA")), frames.size() - 2);
-        QCOMPARE(traceFrames(home.err).last().text, QStringLiteral("< 0RA1"));
-    }
-
     void continuousRunMakesFifteenMoves()
     {
         SimProcess sim(QStringLiteral(KTRSIM_PATH));
@@ -156,16 +147,65 @@ private slots:
         QCOMPARE(run.out, QStringLiteral("STB=1 STOP=0 ALM=0 RDY=0 IN-P=0 OUT1=1 OUT2=0\n"));
     }
 
-    void ioWatchUntilCtrlC()
+    // Ctrl-C ends every wait within a second: the watch, a homing that the
+    // STOP input holds short of home, and (at the second Ctrl-C, the first
+    // being STOP) the wait for a long move.
+    void ctrlCEndsTheWait_data()
     {
+        QTest::addColumn<QStringList>("simArgs");
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<QString>("seen");
+        QTest::addColumn<int>("interrupts");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("lastLine");   // of stderr
+        QTest::newRow("io --watch") << QStringList{} << QStringList{"io", "--watch"} << "< 0RO" << 1 << 0 << "< 0CM0";
+        QTest::newRow("home, STOP held") << QStringList{"--stop"} << QStringList{"home"} << "< 0RA2" << 1 << 1 << "Interrupted.";
+        QTest::newRow("move of 11 s") << QStringList{"--time-scale", "20"} << QStringList{"move"} << "< 0RA0" << 2 << 1
+                                      << "Interrupted.";
+    }
+    void ctrlCEndsTheWait()
+    {
+        QFETCH(QStringList, simArgs);
+        QFETCH(QStringList, args);
+        QFETCH(QString, seen);
+        QFETCH(int, interrupts);
+        QFETCH(QString, lastLine);
+        SimProcess sim(QStringLiteral(KTRSIM_PATH));
+        QVERIFY2(sim.start(simArgs), sim.standardError().constData());
         KtrctlProcess ktrctl;
-        ktrctl.start({"--simulator", "--trace", "io", "--watch"});
-        QVERIFY(ktrctl.waitForErr([](const QString& err) { return sentFrames(err).count(QStringLiteral("0RO")) == 3; }));
+        ktrctl.start(QStringList{"--port", sim.devicePath(), "--trace"} + args);
+        QVERIFY(ktrctl.waitForErr([&](const QString& err) { return err.contains(seen); }));
+        QElapsedTimer clock;
+        for (int i = 0; i < interrupts; ++i) {
+            QTest::qWait(200);
+            clock.start();
+            ktrctl.interrupt();
+        }
+        const CtlRun run = ktrctl.finish(3000);
+        QVERIFY2(clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
+        QTEST(run.exitCode, "exitCode");
+        QVERIFY2(run.err.trimmed().endsWith(lastLine), qPrintable(run.err));
+    }
+
+    // The controller stops part-way through the move (an alarm: status 3):
+    // the first Ctrl-C gives the move up and says why.
+    void ctrlCGivesUpAMoveStoppedShort()
+    {
+        PtyController controller;
+        KtrctlProcess ktrctl;
+        ktrctl.start({"--port", controller.device(), "move"});
+        QVERIFY(controller.answer("0RA", "0RA1"));
+        QVERIFY(controller.answer("0MP01", "0MP01"));
+        QVERIFY(controller.answer("0RA", "0RA3"));
+        QElapsedTimer clock;
+        clock.start();
         ktrctl.interrupt();
-        const CtlRun run = ktrctl.finish();
-        QCOMPARE(run.exitCode, 0);
-        QCOMPARE(linesOf(run.out), QStringList{"STB=0 STOP=0 ALM=0 RDY=1 IN-P=1 OUT1=0 OUT2=0"});
-        QCOMPARE(sentFrames(run.err).last(), QStringLiteral("0CM0"));
+        for (int polls = 0; polls < 50 && controller.answer("0RA", "0RA3", 200); ++polls) {}
+        const CtlRun run = ktrctl.finish(2000);
+        QVERIFY2(clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
+        QCOMPARE(run.exitCode, 1);
+        QCOMPARE(linesOf(run.err), QStringList{"The move did not finish: the controller stopped part-way (status 3). "
+                                               "Remove the cause; an alarm is cleared with the alarm reset."});
     }
 
     void printOfAFile()

@@ -22,6 +22,7 @@ public:
     void setSpeedChoiceEnabled(bool) override {}
     void setHomeEnabled(bool) override {}
     void setResetEnabled(bool) override {}
+    void setStopEnabled(bool) override {}
 
     OpDataScreen shown;
     int showCount = 0;

@@ -6,7 +6,6 @@
 #include "shell/Settings.h"
 #include "shell/widgets/Lamp.h"
 #include "shell/widgets/MainWindow.h"
-#include "support/ScriptedPrompter.h"
 #include "support/TempSettings.h"
 
 #include <QComboBox>
@@ -16,9 +15,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QTabWidget>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <optional>
@@ -198,60 +195,45 @@ private slots:
         QCOMPARE(w.opData->comboVEL->currentText(), QStringLiteral("1"));
     }
 
+    // Closing stores the port and the language, switched once when asked,
+    // and closes the other windows.
     void unloadStoresPortAndLanguage_data()
     {
         QTest::addColumn<int>("portNo");
         QTest::addColumn<int>("language");
-        QTest::addColumn<int>("pendingRequests");
+        QTest::addColumn<bool>("pending");
+        QTest::addColumn<int>("closes");
         QTest::addColumn<QString>("storedPort");
         QTest::addColumn<QString>("storedLanguage");
 
-        QTest::newRow("Japanese, no change") << 1 << 1 << 0 << "1" << "1";
-        QTest::newRow("port 4, English") << 4 << 2 << 0 << "4" << "2";
-        QTest::newRow("Japanese to English") << 1 << 1 << 1 << "1" << "2";
-        QTest::newRow("English to Japanese") << 7 << 2 << 1 << "7" << "1";
-        QTest::newRow("two requests toggle once") << 1 << 1 << 2 << "1" << "2";
-        QTest::newRow("stored 0 switched") << 1 << 0 << 1 << "1" << "1";
+        QTest::newRow("Japanese, no change") << 1 << 1 << false << 1 << "1" << "1";
+        QTest::newRow("port 4, English") << 4 << 2 << false << 1 << "4" << "2";
+        QTest::newRow("Japanese to English") << 1 << 1 << true << 1 << "1" << "2";
+        QTest::newRow("English to Japanese") << 7 << 2 << true << 1 << "7" << "1";
+        QTest::newRow("closed twice, switched once") << 1 << 1 << true << 2 << "1" << "2";
+        QTest::newRow("stored 0 switched") << 1 << 0 << true << 1 << "1" << "1";
     }
     void unloadStoresPortAndLanguage()
     {
         QFETCH(int, portNo);
         QFETCH(int, language);
-        QFETCH(int, pendingRequests);
+        QFETCH(int, closes);
         setLanguage(qint16(language));
         ProgramState& s = ProgramState::instance();
         MainWindow w;
         w.Form_Load();
-        w.show();
         s.gPortNo = qint16(portNo);
-        for (int i = 0; i < pendingRequests; ++i)
-            s.gLanguageChangePending = true;
-        QVERIFY(w.close());
+        QFETCH(bool, pending);
+        s.gLanguageChangePending = pending;
+        QWidget other;
+        other.show();
+        for (int i = 0; i < closes; ++i) {
+            w.show();
+            QVERIFY(w.close());
+        }
 
         QTEST(storedOrNothing("PortNo"), "storedPort");
         QTEST(storedOrNothing("Languege"), "storedLanguage");
-    }
-
-    void unloadTogglesOnceWhenClosedTwice()
-    {
-        MainWindow w;
-        w.Form_Load();
-        w.show();
-        ProgramState::instance().gLanguageChangePending = true;
-        QVERIFY(w.close());
-        w.show();
-        QVERIFY(w.close());
-        QCOMPARE(storedOrNothing("Languege"), QStringLiteral("2"));
-    }
-
-    void unloadClosesOtherWindows()
-    {
-        MainWindow w;
-        w.Form_Load();
-        w.show();
-        QWidget other;
-        other.show();
-        QVERIFY(w.close());
         QVERIFY(!other.isVisible());
     }
 
@@ -279,13 +261,20 @@ private slots:
         ProgramState::instance().gCommBusy = false;
     }
 
-    void closingWhileBusyStopsTheSequenceFirst()
+    void closingMidWaitUnwindsFirst_data()
     {
+        QTest::addColumn<bool>("busy");
+        QTest::newRow("sequence") << true;
+        QTest::newRow("I/O monitor poll, not busy") << false;
+    }
+    void closingMidWaitUnwindsFirst()
+    {
+        QFETCH(bool, busy);
         MainWindow w;
         w.Form_Load();
         w.show();
         ProgramState& s = ProgramState::instance();
-        s.gCommBusy = true;
+        s.gCommBusy = busy;
         // A sequence waiting for the controller when the window is closed.
         QTimer::singleShot(0, &w, &QWidget::close);
         const Waiter::Result r = Waiter::waitUntil([] { return false; }, 5000);
@@ -328,20 +317,6 @@ private slots:
         QCOMPARE(clicked, QStringList{button});
     }
 
-    void helpContentsWithoutHelpFile()
-    {
-        setLanguage(2);
-        QTemporaryDir empty;
-        MainWindow w;
-        ScriptedPrompter prompter;
-        w.usePrompter(prompter);
-        w.help.SetHelpFilePath(empty.path());
-        w.mnuHelpContents->setEnabled(true);
-        w.mnuHelpContents->trigger();
-        QCOMPARE(prompter.texts(), QStringList{"Can not indicate Help file.No Help files related to this project."});
-        QCOMPARE(prompter.shown[0].icon, Prompter::Icon::Information);
-    }
-
     void portLabel_data()
     {
         QTest::addColumn<QStringList>("args");
@@ -363,27 +338,18 @@ private slots:
         QTEST(w.lblPort->text(), "label");
     }
 
-    void alarmLampsAndStatus()
+    // The green lamp takes the red one's place, so nothing beside it moves.
+    void alarmLampsShareOnePlace()
     {
         MainWindow w;
         w.Form_Load();
         w.show();
-        QVERIFY(w.imgAlarmGreen->isVisible());
-        QVERIFY(!w.imgAlarmLed->isVisible());
-
+        QVERIFY(w.imgAlarmGreen->isVisible() && !w.imgAlarmLed->isVisible());
         w.alarms().showAlarm(true);
-        w.alarms().setStatusText(QStringLiteral("overload"));
-        QVERIFY(w.imgAlarmLed->isVisible());
-        QVERIFY(!w.imgAlarmGreen->isVisible());
-        QCOMPARE(w.lblstatus->text(), QStringLiteral("overload"));
         QCOMPARE(w.imgAlarmLed->color(), Lamp::Color::Red);
         QTRY_VERIFY(w.imgAlarmLed->geometry().isValid());
         const QRect place = w.imgAlarmLed->geometry();
-
-        // The green lamp takes the red one's place, so nothing beside it moves.
         w.alarms().showAlarm(false);
-        QVERIFY(w.imgAlarmGreen->isVisible());
-        QVERIFY(!w.imgAlarmLed->isVisible());
         QCOMPARE(w.imgAlarmGreen->color(), Lamp::Color::Green);
         QTRY_COMPARE(w.imgAlarmGreen->geometry(), place);
     }

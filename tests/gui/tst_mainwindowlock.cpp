@@ -1,4 +1,6 @@
+#include "SimWindowRig.h"
 #include "common/MessageTable.h"
+#include "opdata/widgets/OpDataPageController.h"
 #include "common/ProgramState.h"
 #include "opdata/widgets/OpDataPage.h"
 #include "params/widgets/ParaPage.h"
@@ -195,22 +197,6 @@ private slots:
         QCOMPARE(form.control("txtTimer")->property("enabled").toBool(), dwellTime);
     }
 
-    void versionItemComesBackEnabled()
-    {
-        FlatForm form;
-        MainWindowLock lock(&form);
-        QObject* version = form.control("mnuShowCtversion");
-        version->setProperty("enabled", false);
-        lock.Menyu_Muko();
-        QVERIFY(!version->property("enabled").toBool());
-        version->setProperty("enabled", true);
-        lock.Menyu_Muko();
-        QVERIFY(version->property("enabled").toBool());
-        version->setProperty("enabled", false);
-        lock.Menyu_Yuko();
-        QVERIFY(version->property("enabled").toBool());
-    }
-
     void everyNamedControlExistsOnTheMainWindow()
     {
         MainWindow w;
@@ -264,6 +250,43 @@ private slots:
         w.lock().Menyu_Yuko();
         QVERIFY(w.mnuCont->menuAction()->isEnabled());
         QVERIFY(w.mnuFileOpen->isEnabled());
+    }
+
+    // The version item stays enabled while the I/O monitor runs (and the
+    // options item may be chosen just as it stops): choosing one is refused
+    // with a notice, and the monitor, its controls and the port are left as
+    // they are.
+    void commandsRefusedWhileTheMonitorRuns_data()
+    {
+        QTest::addColumn<QString>("item");
+        QTest::newRow("version") << "mnuShowCtversion";
+        QTest::newRow("options and its port scan") << "mnuOption";
+    }
+    void commandsRefusedWhileTheMonitorRuns()
+    {
+        QFETCH(QString, item);
+        SimWindowRig<OpDataPage, OpDataPageController> rig;
+        QTest::mouseClick(rig.page().cmdIoMonitor, Qt::LeftButton);
+        QTRY_VERIFY(rig.count("0RI") >= 1);
+        // A dialog opened against the refusal must not hang the test.
+        QTimer::singleShot(500, rig.window.get(), [] {
+            if (QWidget* modal = QApplication::activeModalWidget())
+                modal->close();
+        });
+
+        rig.window->findChild<QAction*>(item)->trigger();
+
+        const int polls = rig.count("0RI");
+        QTRY_VERIFY(rig.count("0RI") > polls + 1);
+        QCOMPARE(rig.frames.filter(QRegularExpression("^0(CM6|RV)")), QStringList());
+        QVERIFY(rig.window->session().link().isPortOpen());
+        QCOMPARE(rig.prompter.texts(), QStringList{Msg(5200)});
+        QVERIFY(!rig.page().cmdMOVE->isEnabled());
+        QVERIFY(!rig.window->mnuFileOpen->isEnabled());
+        QVERIFY(!rig.window->SSTab1->tabBar()->isEnabled());
+        QTest::mouseClick(rig.page().cmdIoMonitor, Qt::LeftButton);
+        QTRY_COMPARE(rig.count("0CM0"), 1);
+        QVERIFY(rig.page().cmdMOVE->isEnabled());
     }
 
     void progressBarOverStatusBar()

@@ -17,6 +17,9 @@ namespace {
 
 using Frames = QList<QByteArray>;
 
+// The others held off around a command of the window, as the transfers do.
+const QStringList HeldAround{"CMDBTN_Muko", "tabs off", "Menyu_Muko", "CMDBTN_Yuko", "tabs on", "Menyu_Yuko"};
+
 class RecordingLock : public ControlLock {
 public:
     void CMDBTN_Muko() override { calls << "CMDBTN_Muko"; }
@@ -145,15 +148,6 @@ private slots:
         QCOMPARE(rig.port.frames, Frames{"0RA"});
     }
 
-    void runStatusWhenSilent()
-    {
-        LinkRig rig;
-        CommandSet commands(rig.link);
-        rig.link.setPortName(QStringLiteral("none"));
-        rig.port.setRefuseAll(true);
-        QCOMPARE(commands.ReadRunStatus(), -1);
-    }
-
     void fieldsAreOneBased()
     {
         LinkRig rig;
@@ -178,7 +172,7 @@ private slots:
         QVERIFY(!rig.alarms.alarm);
         QCOMPARE(rig.alarms.status, QString());
         QCOMPARE(rig.port.frames, Frames{"0AR"});
-        QCOMPARE(rig.lock.calls, (QStringList{"CMDBTN_Muko", "tabs off", "CMDBTN_Yuko", "tabs on"}));
+        QCOMPARE(rig.lock.calls, HeldAround);
         QVERIFY(!rig.link.isPortOpen());
         QVERIFY(!ProgramState::instance().gCommBusy);
     }
@@ -194,7 +188,7 @@ private slots:
 
         QVERIFY(rig.alarms.alarm);
         QCOMPARE(rig.alarms.status, QStringLiteral("Overload alarm."));
-        QCOMPARE(rig.lock.calls, (QStringList{"CMDBTN_Muko", "tabs off", "CMDBTN_Yuko", "tabs on"}));
+        QCOMPARE(rig.lock.calls, HeldAround);
         QVERIFY(!rig.link.isPortOpen());
     }
 
@@ -211,7 +205,7 @@ private slots:
         QCOMPARE(query.version(), QStringLiteral("1.23"));
         QCOMPARE(query.typeCode(), QStringLiteral("K01"));
         QCOMPARE(rig.prompter.texts(), QStringList{"The version of this controller is 1.23."});
-        QCOMPARE(rig.lock.calls, (QStringList{"CMDBTN_Muko", "Menyu_Muko", "CMDBTN_Yuko", "Menyu_Yuko"}));
+        QCOMPARE(rig.lock.calls, HeldAround);
         QVERIFY(!rig.link.isPortOpen());
     }
 
@@ -254,15 +248,37 @@ private slots:
         SequenceRig rig;
         for (int i = 0; i < requests.size(); ++i)
             rig.port.answer(requests[i], replies[i]);
-        rig.lock.Menyu_Muko();
-        rig.lock.calls.clear();
 
         QCOMPARE(VersionQuery(rig.context).run(), 1);
 
         QTEST(rig.port.frames, "sent");
         QVERIFY(!rig.prompter.lastText().startsWith(QStringLiteral("The version")));
-        QCOMPARE(rig.lock.calls, (QStringList{"CMDBTN_Muko", "Menyu_Muko", "CMDBTN_Yuko", "Menyu_Yuko"}));
+        QCOMPARE(rig.lock.calls, HeldAround);
         QVERIFY(!ProgramState::instance().gCommBusy);
+    }
+
+    // While another command runs nothing of it is touched (frames, controls,
+    // busy flag, port), and the user is told why.
+    void refusedWhileAnotherRuns_data()
+    {
+        QTest::addColumn<bool>("version");
+        QTest::newRow("version query") << true;
+        QTest::newRow("alarm reset") << false;
+    }
+    void refusedWhileAnotherRuns()
+    {
+        QFETCH(bool, version);
+        SequenceRig rig;
+        QCOMPARE(rig.link.OpenCommPort(), 0);
+        ProgramState::instance().gCommBusy = true;
+
+        QCOMPARE(version ? VersionQuery(rig.context).run() : AlarmReset(rig.context, rig.alarms).run(), 1);
+
+        QVERIFY(rig.port.frames.isEmpty());
+        QVERIFY(rig.lock.calls.isEmpty());
+        QVERIFY(ProgramState::instance().gCommBusy);
+        QVERIFY(rig.link.isPortOpen());
+        QCOMPARE(rig.prompter.texts(), QStringList{Msg(5200)});
     }
 };
 

@@ -7,7 +7,6 @@
 
 #include "support/PtyController.h"
 
-#include <QSignalSpy>
 #include <QTest>
 
 class TestPorts : public QObject {
@@ -24,10 +23,6 @@ private slots:
         QTest::addColumn<int>("stopBits");
         QTest::newRow("the controller's line") << "9600,N,8,1" << true << 9600
                                                << int(QSerialPort::NoParity) << 8 << int(QSerialPort::OneStop);
-        QTest::newRow("even parity, two stop bits") << "19200,e,7,2" << true << 19200
-                                                    << int(QSerialPort::EvenParity) << 7 << int(QSerialPort::TwoStop);
-        QTest::newRow("blanks around fields") << " 9600 , O , 8 , 1.5 " << true << 9600
-                                              << int(QSerialPort::OddParity) << 8 << int(QSerialPort::OneAndHalfStop);
         QTest::newRow("unknown parity") << "9600,X,8,1" << false << 0 << 0 << 0 << 0;
         QTest::newRow("nine data bits") << "9600,N,9,1" << false << 0 << 0 << 0 << 0;
         QTest::newRow("missing field") << "9600,N,8" << false << 0 << 0 << 0 << 0;
@@ -72,14 +67,6 @@ private slots:
         QVERIFY(PortNaming::deviceFor(int(ordered.size()) + 1, locations).isEmpty());
     }
 
-    void storedDeviceName()
-    {
-        TempSettings settings;
-        QVERIFY(PortNaming::storedName().isEmpty());
-        PortNaming::storeName(QStringLiteral(" /dev/ttyUSB3 "));
-        QCOMPARE(PortNaming::storedName(), QStringLiteral("/dev/ttyUSB3"));
-    }
-
     // A number outside 1..9 is read again from the setting, and the value
     // read is used as it stands.
     void openRereadsPortNumber_data()
@@ -120,43 +107,6 @@ private slots:
 
         QCOMPARE(rig.link.OpenCommPort(), 1);
         QCOMPARE(rig.prompter.texts(), QStringList{"Failed in opening of a communication port."});
-    }
-
-    void openPortIsReused()
-    {
-        LinkRig rig;
-        QCOMPARE(rig.link.OpenCommPort(), 0);
-        ProgramState::instance().gPortNo = 2;
-        QCOMPARE(rig.link.OpenCommPort(), 0);
-        QCOMPARE(rig.port.openAttempts, QStringList{"port1"});
-    }
-
-    void deviceNameReplacesNumber()
-    {
-        LinkRig rig;
-        rig.link.setPortName(QStringLiteral("/dev/pts/7"));
-        QCOMPARE(rig.link.OpenCommPort(), 0);
-        QCOMPARE(rig.port.opened, QStringList{"/dev/pts/7"});
-    }
-
-    void closeHonoursOccupy_data()
-    {
-        QTest::addColumn<bool>("occupy");
-        QTest::newRow("released") << false;
-        QTest::newRow("kept") << true;
-    }
-    void closeHonoursOccupy()
-    {
-        QFETCH(bool, occupy);
-        LinkRig rig;
-        ProgramState::instance().gPortOccupy = occupy;
-        QCOMPARE(rig.link.OpenCommPort(), 0);
-
-        rig.link.CloseCommPort();
-        QCOMPARE(rig.link.isPortOpen(), occupy);
-
-        rig.link.ClosePortNow();
-        QVERIFY(!rig.link.isPortOpen());
     }
 
     void trialOutsideScanRangeReadsSetting()
@@ -201,44 +151,6 @@ private slots:
         QVERIFY(rig.prompter.shown.isEmpty());
     }
 
-    void readPortSetting()
-    {
-        LinkRig rig;
-        rig.link.ReadPortSetting();
-        QCOMPARE(int(ProgramState::instance().gPortNo), 1);
-        Settings::writeText(QStringLiteral("PortNo"), QStringLiteral("12"));
-        rig.link.ReadPortSetting();
-        QCOMPARE(int(ProgramState::instance().gPortNo), 12);
-    }
-
-    void serialPortOnPseudoTerminal()
-    {
-        PtyController controller;
-        QVERIFY(!controller.device().isEmpty());
-        QtSerialPort port;
-        QVERIFY2(port.open(controller.device(), QStringLiteral("9600,N,8,1")),
-                 qPrintable(port.errorString()));
-        QVERIFY(port.isOpen());
-
-        QCOMPARE(port.write("0RV\r\n"), qint64(5));
-        QCOMPARE(controller.receive(5), QByteArray("0RV\r\n"));
-
-        QSignalSpy ready(&port, &SerialPort::readyRead);
-        QVERIFY(controller.send("0RVK01100\r\n"));
-        QByteArray got;
-        QTRY_VERIFY((got += port.readAll()).size() >= 11);
-        QCOMPARE(got, QByteArray("0RVK01100\r\n"));
-        QVERIFY(ready.size() >= 1);
-
-        QVERIFY(controller.send("stale"));
-        QTRY_VERIFY(port.bytesAvailable() > 0);
-        port.discardInput();
-        QCOMPARE(port.bytesAvailable(), qint64(0));
-
-        port.close();
-        QVERIFY(!port.isOpen());
-    }
-
     void serialPortRefusesBadSettingsAndMissingDevice()
     {
         PtyController controller;
@@ -248,19 +160,6 @@ private slots:
         QVERIFY(port.errorString().contains(QStringLiteral("9600,Q,8,1")));
         QVERIFY(!port.open(QStringLiteral("/dev/ktr-no-such-device"), QStringLiteral("9600,N,8,1")));
         QVERIFY(!port.errorString().isEmpty());
-    }
-
-    void serialPortReportsLostDevice()
-    {
-        PtyController controller;
-        QtSerialPort port;
-        QVERIFY(port.open(controller.device(), QStringLiteral("9600,N,8,1")));
-        QSignalSpy lost(&port, &SerialPort::lost);
-
-        controller.hangUp();
-
-        QTRY_COMPARE(lost.size(), 1);
-        QVERIFY(!port.isOpen());
     }
 };
 

@@ -56,6 +56,7 @@ public:
     void setSpeedChoiceEnabled(bool on) override { calls << QStringLiteral("comboVEL %1").arg(on); }
     void setHomeEnabled(bool on) override { calls << QStringLiteral("cmdHOME %1").arg(on); }
     void setResetEnabled(bool on) override { calls << QStringLiteral("cmdRESET %1").arg(on); }
+    void setStopEnabled(bool on) override { calls << QStringLiteral("cmdSTOP %1").arg(on); }
 
     OpDataScreen shown;
     int showCount = 0;

@@ -17,20 +17,6 @@ struct MonitorRig : OpDataRig {
         answer("0RO", QByteArray("0RO").append(outputs).constData());
     }
     ~MonitorRig() { monitor.timerInputOutput1.stop(); }
-
-    // Starts polling and clicks an output lamp once the first poll is in; the
-    // write is answered with `writeReply`, the next poll with `outputs`.
-    bool startAndClick(IoLamp lamp, const char* write, const char* writeReply, const char* outputs)
-    {
-        answer(write, writeReply);
-        answer("0RI", "0RI000");
-        answer("0RO", QByteArray("0RO").append(outputs).constData());
-        monitor.start();
-        if (!QTest::qWaitFor([this] { return port.frames.size() == 3; }))
-            return false;
-        monitor.outputClicked(lamp);
-        return true;
-    }
 };
 
 class TestIoMonitor : public QObject {
@@ -67,95 +53,61 @@ private slots:
         QTEST(on, "lit");
     }
 
-    void startShowsLamps()
-    {
-        MonitorRig rig("800", "43");
-
-        rig.monitor.toggle();
-        QCOMPARE(rig.view.caption, QStringLiteral("Stop Monitor"));
-        QVERIFY(!rig.view.othersEnabled);
-        QCOMPARE(rig.lock.calls, (QStringList{"tabs off", "Menyu_Muko"}));
-        QVERIFY(rig.monitor.timerInputOutput1.isActive());
-        QCOMPARE(rig.monitor.timerInputOutput1.interval(), IoMonitor::PollIntervalMs);
-
-        QTRY_COMPARE(rig.view.lit(), (QStringList{"imgInputStb", "imgOutputAlm", "imgOutputOut1", "imgOutputOut2"}));
-        QCOMPARE(rig.frames().mid(0, 3), (QStringList{"0CM7", "0RI", "0RO"}));
-        QVERIFY(rig.monitor.mIoFirstPoll);
-        QVERIFY(!rig.monitor.mIoReading);
-    }
-
-    void outputClickWrittenOnNextTick()
-    {
-        MonitorRig rig;
-        QVERIFY(rig.startAndClick(IoLamp::OutputOut1, "0WO02", "0WO02", "02"));
-        QVERIFY(rig.monitor.mIoWritePending);
-
-        QTRY_COMPARE(rig.port.frames.size(), 6);
-        QCOMPARE(rig.frames().mid(3), (QStringList{"0WO02", "0RI", "0RO"}));
-        QVERIFY(!rig.monitor.mIoWritePending);
-        QVERIFY(!rig.monitor.OutputToggle[2][2]);
-        QCOMPARE(rig.view.lit(), QStringList{"imgOutputOut1"});
-    }
-
+    // An output clicked once the first poll is in: its write is refused.
     void failedOutputWriteIsReported()
     {
         MonitorRig rig;
-        QVERIFY(rig.startAndClick(IoLamp::OutputOut2, "0WO01", "0%%104", "00"));
+        rig.answer("0WO01", "0%%104");
+        rig.answer("0RI", "0RI000");
+        rig.answer("0RO", "0RO00");
+        rig.monitor.start();
+        QTRY_COMPARE(rig.port.frames.size(), 3);
+        rig.monitor.outputClicked(IoLamp::OutputOut2);
         QTRY_COMPARE(rig.port.frames.size(), 6);
 
         QCOMPARE(rig.prompter.lastText(), QStringLiteral("Communication error occurs!\r\n\r\ntransmit data is wrong"));
         QVERIFY2(rig.monitor.mIoRunning, "the monitor goes on reading");
     }
 
-    void stopLeavesMonitorMode()
+    // However the monitor ends (the user, a refused mode switch, a refused
+    // read), it ends stopped: lamps off, the commands back, no more polls.
+    void monitorEndsStopped_data()
     {
-        MonitorRig rig("800", "70");
+        QTest::addColumn<bool>("userStops");
+        QTest::addColumn<QByteArray>("modeReply");
+        QTest::addColumn<QByteArray>("secondInputs");
+        QTest::addColumn<QStringList>("frames");
+        QTest::newRow("stopped by the user") << true << QByteArray("0CM7") << QByteArray()
+                                             << QStringList{"0CM7", "0RI", "0RO", "0CM0"};
+        QTest::newRow("mode switch refused") << false << QByteArray("0%%101") << QByteArray() << QStringList{"0CM7"};
+        QTest::newRow("read refused") << false << QByteArray("0CM7") << QByteArray("0%%101")
+                                      << QStringList{"0CM7", "0RI", "0RO", "0RI"};
+    }
+    void monitorEndsStopped()
+    {
+        QFETCH(bool, userStops);
+        QFETCH(QByteArray, modeReply);
+        QFETCH(QByteArray, secondInputs);
+        MonitorRig rig("800", "70", modeReply.constData());
         rig.answer("0CM0", "0CM0");
+        if (!secondInputs.isEmpty())
+            rig.answer("0RI", secondInputs.constData());
 
-        rig.monitor.toggle();
-        QTRY_COMPARE(rig.view.lit().size(), 4);
-        rig.monitor.toggle();
+        rig.monitor.start();
+        if (userStops) {
+            QTRY_COMPARE(rig.view.lit().size(), 4);
+            rig.monitor.toggle();
+        }
+        QTRY_VERIFY(!rig.monitor.mIoRunning);
+        QTest::qWait(3 * IoMonitor::PollIntervalMs);
+        QTEST(rig.frames(), "frames");
+        QVERIFY(rig.view.lit().isEmpty());
         QCOMPARE(rig.view.caption, QStringLiteral("Start Monitor"));
         QVERIFY(rig.view.othersEnabled);
         QCOMPARE(rig.lock.calls, (QStringList{"tabs off", "Menyu_Muko", "tabs on", "Menyu_Yuko"}));
-
-        QTRY_VERIFY(!rig.monitor.mIoRunning);
-        QCOMPARE(rig.frames(), (QStringList{"0CM7", "0RI", "0RO", "0CM0"}));
-        QVERIFY(rig.view.lit().isEmpty());
-        QCOMPARE(rig.view.lamps.size(), 7);
         QVERIFY(!rig.monitor.timerInputOutput1.isActive());
         QVERIFY(!rig.monitor.mIoStopRequest);
         QVERIFY(!rig.monitor.mIoFirstPoll);
-        QVERIFY(!rig.port.isOpen());
-    }
-
-    void failedModeSwitchStops()
-    {
-        MonitorRig rig("000", "00", "0%%101");
-
-        rig.monitor.start();
-        QTRY_VERIFY(!rig.monitor.mIoRunning);
-        QCOMPARE(rig.frames(), QStringList{"0CM7"});
-        QCOMPARE(rig.view.caption, QStringLiteral("Start Monitor"));
-        QVERIFY(rig.view.othersEnabled);
-        QVERIFY(!rig.monitor.timerInputOutput1.isActive());
-        QVERIFY(!rig.monitor.mIoStopRequest);
-        QTest::qWait(3 * IoMonitor::PollIntervalMs);
-        QCOMPARE(rig.port.frames.size(), 1);
-    }
-
-    void failedReadStops()
-    {
-        MonitorRig rig("800", "70");
-        rig.answer("0RI", "0%%101");
-
-        rig.monitor.start();
-        QTRY_COMPARE(rig.view.lit().size(), 4);
-        QTRY_VERIFY(!rig.monitor.mIoRunning);
-        QCOMPARE(rig.frames(), (QStringList{"0CM7", "0RI", "0RO", "0RI"}));
-        QVERIFY(rig.view.lit().isEmpty());
-        QCOMPARE(rig.view.caption, QStringLiteral("Start Monitor"));
-        QVERIFY(!rig.monitor.timerInputOutput1.isActive());
         QVERIFY(!rig.port.isOpen());
     }
 };

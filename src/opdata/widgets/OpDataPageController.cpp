@@ -141,6 +141,11 @@ void OpDataPageController::setResetEnabled(bool enabled)
     m_page.cmdRESET->setEnabled(enabled);
 }
 
+void OpDataPageController::setStopEnabled(bool enabled)
+{
+    m_page.cmdSTOP->setEnabled(enabled);
+}
+
 void OpDataPageController::setLamp(IoLamp lamp, bool on)
 {
     if (auto* widget = m_page.findChild<Lamp*>(IoBits::objectName(lamp)))
@@ -203,9 +208,11 @@ void OpDataPageController::cmdMOVE_Click()
     m_moveRun->run();
 }
 
+// Each ignores a STOP while it does not run.
 void OpDataPageController::cmdSTOP_Click()
 {
     m_moveRun->stop();
+    m_homing.stop();
 }
 
 void OpDataPageController::cmdIoMonitor_Click()

@@ -39,6 +39,7 @@ public:
     void setSpeedChoiceEnabled(bool enabled) override;
     void setHomeEnabled(bool enabled) override;
     void setResetEnabled(bool enabled) override;
+    void setStopEnabled(bool enabled) override;
 
     void setLamp(IoLamp lamp, bool on) override;
     void setMonitorCaption(const QString& caption) override;

@@ -1,6 +1,7 @@
 #include "shell/widgets/ControllerActions.h"
 
 #include "link/AlarmReset.h"
+#include "link/CommandHold.h"
 #include "link/Link.h"
 #include "link/VersionQuery.h"
 #include "opdata/widgets/OpDataPage.h"
@@ -35,15 +36,22 @@ void ControllerActions::mnuShowCtversion_Click()
     VersionQuery(m_session.context()).run();
 }
 
+// The port scan lets go of the port and tries every one: not while another
+// command uses it, and nothing else starts while it runs.
 void ControllerActions::mnuOption_Click()
 {
-    OptionsDialog dialog(m_session.link(), m_session.context().prompter,
-                         m_window.linkTarget().simulator, &m_window);
+    SequenceContext& ctx = m_session.context();
+    if (!CommandHold::mayStart(ctx))
+        return;
+    OptionsDialog dialog(m_session.link(), ctx.prompter, m_window.linkTarget().simulator, &m_window);
     connect(&dialog, &OptionsDialog::portChanged, &m_window, &MainWindow::refreshPortLabel);
     connect(&dialog, &OptionsDialog::openPortClosed, &m_window, [this] {
         m_window.mParaDispRefresh = true;
         m_window.mPosiDispRefresh = true;
     });
-    dialog.Form_Load();
+    {
+        const CommandHold scanning(ctx);
+        dialog.Form_Load();
+    }
     dialog.exec();
 }

@@ -75,6 +75,12 @@ Prompter::Answer ControllerSession::WindowPrompter::ask(const QString& text, But
     return m_window.prompter().ask(text, buttons, icon, title);
 }
 
+void ControllerSession::WindowPrompter::notify(const QString& text, Icon icon)
+{
+    if (!Waiter::aborted())
+        m_window.prompter().notify(text, icon);
+}
+
 QString ControllerSession::WindowFiles::openFile(const QString& title, const QString& filter,
                                                  const QString& defaultExtension)
 {

@@ -46,6 +46,7 @@ private:
     public:
         explicit WindowPrompter(MainWindow& window) : m_window(window) {}
         Answer ask(const QString& text, Buttons buttons, Icon icon, const QString& title) override;
+        void notify(const QString& text, Icon icon) override;
 
     private:
         MainWindow& m_window;

@@ -281,7 +281,8 @@ void MainWindow::refreshPortLabel()
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    if (ProgramState::instance().gCommBusy) {
+    // The I/O monitor waits without gCommBusy: any wait in progress counts.
+    if (ProgramState::instance().gCommBusy || Waiter::waiting()) {
         // Waits end at once from now on; the sequence unwinds and clears
         // gCommBusy, then the window closes.
         Waiter::abortAll();

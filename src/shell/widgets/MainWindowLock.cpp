@@ -76,8 +76,17 @@ const QStringList& MainWindowLock::paraButtons()
 
 void MainWindowLock::CMDBTN_Muko() { setEnabled(commandButtons(), false); }
 void MainWindowLock::CMDBTN_Yuko() { setEnabled(commandButtons(), true); }
-void MainWindowLock::Menyu_Muko() { setEnabled(menusToDisable(), false); }
-void MainWindowLock::Menyu_Yuko() { setEnabled(menusToEnable(), true); }
+void MainWindowLock::Menyu_Muko()
+{
+    setEnabled(menusToDisable(), false);
+    m_held = true;
+}
+
+void MainWindowLock::Menyu_Yuko()
+{
+    setEnabled(menusToEnable(), true);
+    m_held = false;
+}
 void MainWindowLock::HOMEBTN_Muko() { setEnabled(homeButtons(), false); }
 void MainWindowLock::HOMEBTN_Yuko() { setEnabled(homeButtons(), true); }
 void MainWindowLock::MoveCMDBTN_Muko() { setEnabled(moveButtons(), false); }

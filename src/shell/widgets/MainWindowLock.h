@@ -33,6 +33,7 @@ public:
     void ParaCMDBTN_Muko() override;
     void ParaCMDBTN_Yuko() override;
     void setTabsEnabled(bool on) override;
+    bool held() const override { return m_held; }
 
     static const QStringList& commandButtons();
     static const QStringList& menusToDisable();
@@ -50,4 +51,5 @@ private:
     bool isChecked(const QString& name) const;
 
     QPointer<QWidget> m_form;
+    bool m_held = false;
 };

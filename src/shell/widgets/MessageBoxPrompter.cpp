@@ -73,3 +73,14 @@ Prompter::Answer MessageBoxPrompter::ask(const QString& text, Buttons buttons, I
     const int button = box.exec();
     return answerOf(button, buttons);
 }
+
+void MessageBoxPrompter::notify(const QString& text, Icon icon)
+{
+    auto* box = new QMessageBox(boxIcon(icon), displayTitle({}), displayText(text), QMessageBox::Ok,
+                                m_parent);
+    box->setObjectName(QStringLiteral("NoticeBox"));
+    box->setTextFormat(Qt::PlainText);
+    box->setWindowModality(Qt::NonModal);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->show();
+}

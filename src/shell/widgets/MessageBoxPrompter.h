@@ -14,6 +14,8 @@ public:
     explicit MessageBoxPrompter(QWidget* parent);
 
     Answer ask(const QString& text, Buttons buttons, Icon icon, const QString& title = {}) override;
+    // A box that is not modal: shown, and the caller goes on at once.
+    void notify(const QString& text, Icon icon = Icon::Exclamation) override;
 
     static QString displayText(const QString& text);
     static QString displayTitle(const QString& title);
