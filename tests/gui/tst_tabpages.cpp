@@ -4,11 +4,9 @@
 // the standard parameters, a continuous run and STOP, the monitor lamps, and
 // the printouts.
 
-#include "common/DataFiles.h"
-#include "common/MessageTable.h"
-#include "common/ProgramState.h"
+#include "SimWindowRig.h"
+
 #include "device/widgets/DeviceDialog.h"
-#include "link/Link.h"
 #include "opdata/EntryColours.h"
 #include "opdata/MoveRun.h"
 #include "opdata/widgets/OpDataPage.h"
@@ -20,14 +18,8 @@
 #include "print/PdfText.h"
 #include "print/widgets/PrintSelectDialog.h"
 #include "shell/Twips.h"
-#include "shell/widgets/ControllerSession.h"
 #include "shell/widgets/Lamp.h"
-#include "shell/widgets/MainWindow.h"
 #include "sim/ControllerMemory.h"
-#include "sim/SimController.h"
-#include "support/ScriptedFileChooser.h"
-#include "support/ScriptedPrompter.h"
-#include "support/TempSettings.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -42,65 +34,10 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <memory>
-
 namespace {
 
-// The main window on the built-in virtual controller, in English, with
-// scripted message boxes and file dialogs and the shipped data files,
-// showing the tab asked for. Every frame sent is kept.
-template <typename Page, typename Controller>
-struct TabRig {
-    TabRig()
-    {
-        ProgramState::reset();
-        ProgramState::instance().gLanguage = 2;
-        ProgramState::instance().gMsgBase = MessageTable::EnglishBase;
-        DataFiles::setProgramFolder(QFileInfo(QFINDTESTDATA("../../resources/data/nqmdevice.lst")).path());
-        StartupOptions options;
-        options.simulator = true;
-        window = std::make_unique<MainWindow>(options);
-        window->usePrompter(prompter);
-        window->useFileChooser(files);
-        window->Form_Load();
-        QObject::connect(&window->session().link(), &Link::frameSent, window.get(),
-                         [this](const QByteArray& frame) { frames << QString::fromLatin1(frame); });
-        window->SSTab1->setCurrentWidget(&page());
-        window->show();
-        QApplication::setActiveWindow(window.get());
-        QVERIFY(QTest::qWaitForWindowActive(window.get()));
-    }
-    ~TabRig()
-    {
-        window.reset();
-        DataFiles::setProgramFolder({});
-        ProgramState::reset();
-    }
-
-    Page& page() { return *window->findChild<Page*>(); }
-    Controller& controller() { return *window->findChild<Controller*>(); }
-    SimController& sim() { return *window->session().simulator(); }
-    int count(const QString& frame) const { return int(frames.count(frame)); }
-
-    TempSettings settings;
-    ScriptedPrompter prompter;
-    ScriptedFileChooser files;
-    std::unique_ptr<MainWindow> window;
-    QStringList frames;
-};
-using ParaRig = TabRig<ParaPage, ParaPageController>;
-using OpDataRig = TabRig<OpDataPage, OpDataPageController>;
-
-// Runs act on the modal dialog of type D once it has opened.
-template <typename D>
-void whenDialogOpens(const std::function<void(D&)>& act)
-{
-    QTimer::singleShot(0, [act] {
-        auto* dialog = qobject_cast<D*>(QApplication::activeModalWidget());
-        QVERIFY(dialog);
-        act(*dialog);
-    });
-}
+using ParaRig = SimWindowRig<ParaPage, ParaPageController>;
+using OpDataRig = SimWindowRig<OpDataPage, OpDataPageController>;
 
 void expectSpecialEnabled(ParaPage& p, bool enabled)
 {
