@@ -17,13 +17,57 @@
 using OptText = std::optional<QString>;
 Q_DECLARE_METATYPE(OptText)
 Q_DECLARE_METATYPE(KeyAction)
-Q_DECLARE_METATYPE(Background)
+Q_DECLARE_METATYPE(EntryOutcome)
+
+char* toString(const EntryOutcome& o)
+{
+    return QTest::toString(QStringLiteral("text %1, background %2, VEL %3, caret %4")
+                               .arg(o.text.value_or("(kept)"), QString::number(int(o.background)),
+                                    o.txtVEL.value_or("(kept)"), QString::number(o.caret)));
+}
 
 namespace {
 using P = PosiTable;
+using E = EntryOutcome;
 const OptText Unchanged = std::nullopt;
 OptText text(const char* s) { return QString::fromLatin1(s); }
+
+E shaded(Background background)
+{
+    E o;
+    o.background = background;
+    return o;
 }
+E withVel(E o, const char* vel)
+{
+    o.txtVEL = QString::fromLatin1(vel);
+    return o;
+}
+E withCaret(E o, int caret)
+{
+    o.caret = caret;
+    return o;
+}
+
+// A change of text in a box, or the focus leaving it; the gear box with
+// speed choice 1.
+E changeOrLeave(const QString& rule, const QString& typed)
+{
+    if (rule == u"division")
+        return DivisionEntry::textChanged(typed);
+    if (rule.startsWith(u"gear"))
+        return GearEntry::textChanged(typed, QStringLiteral("1"), rule.endsWith(u"loading"), false);
+    if (rule == u"timer")
+        return TimerEntry::textChanged(typed);
+    if (rule == u"current")
+        return CurrentEntry::textChanged(typed).outcome;
+    if (rule == u"leaving division")
+        return DivisionEntry::leave(typed);
+    if (rule == u"leaving gear")
+        return GearEntry::leave(typed);
+    return TimerEntry::leave(typed);
+}
+} // namespace
 
 class TestOpDataRules : public QObject {
     Q_OBJECT
@@ -127,106 +171,41 @@ private slots:
         }
     }
 
-    void divisionChange_data()
+    // Division needs at least 2 when left, gear at least 1; a gear above 100
+    // is cleared, but VEL was taken from the typed text first.
+    void changeAndLeave_data()
     {
+        QTest::addColumn<QString>("rule");
         QTest::addColumn<QString>("typed");
-        QTest::addColumn<OptText>("after");
-        QTest::addColumn<Background>("background");
-        QTest::newRow("100 accepted") << "100" << Unchanged << Background::Window;
-        QTest::newRow("101 cleared") << "101" << text("") << Background::Marker;
-        QTest::newRow("letters cleared") << "1x" << text("") << Background::Unchanged;
-        QTest::newRow("zero kept while typing") << "0" << Unchanged << Background::Window;
+        QTest::addColumn<EntryOutcome>("outcome");
+        QTest::newRow("division: 100 accepted") << "division" << "100" << shaded(Background::Window);
+        QTest::newRow("division: 101 cleared") << "division" << "101" << E::clearedAndMarked();
+        QTest::newRow("division: letters cleared") << "division" << "1x" << E::cleared();
+        QTest::newRow("division: zero kept while typing") << "division" << "0" << shaded(Background::Window);
+        QTest::newRow("gear: above 100") << "gear" << "101" << withVel(E::clearedAndMarked(), "3");
+        QTest::newRow("gear: letters") << "gear" << "x" << E::cleared();
+        QTest::newRow("gear: loading") << "gear, loading" << "8" << E();
+        QTest::newRow("timer: letters cleared") << "timer" << "5a" << E::cleared();
+        QTest::newRow("timer: empty") << "timer" << "" << E();
+        QTest::newRow("current: point alone") << "current" << "." << withCaret(E::withText("0."), 2);
+        QTest::newRow("current: 2.0 stays") << "current" << "2.0" << E();
+        QTest::newRow("current: 15 cleared") << "current" << "15" << E::cleared();
+        QTest::newRow("leaving division: 0") << "leaving division" << "0" << E::clearedAndMarked();
+        QTest::newRow("leaving division: 01 is 1") << "leaving division" << "01" << E::clearedAndMarked();
+        QTest::newRow("leaving division: empty is 0") << "leaving division" << "" << E::clearedAndMarked();
+        QTest::newRow("leaving division: 2 kept") << "leaving division" << "2" << E::withText("2");
+        QTest::newRow("leaving gear: 1 kept") << "leaving gear" << "1" << E::withText("1");
+        QTest::newRow("leaving gear: 010 stripped") << "leaving gear" << "010" << E::withText("10");
+        QTest::newRow("leaving gear: 0") << "leaving gear" << "0" << E::clearedAndMarked();
+        QTest::newRow("leaving gear: empty") << "leaving gear" << "" << E::clearedAndMarked();
+        QTest::newRow("leaving timer: letters") << "leaving timer" << "5a" << E();
+        QTest::newRow("leaving timer: empty") << "leaving timer" << "" << E();
     }
-    void divisionChange()
+    void changeAndLeave()
     {
+        QFETCH(QString, rule);
         QFETCH(QString, typed);
-        QFETCH(Background, background);
-        const EntryOutcome o = DivisionEntry::textChanged(typed);
-        QTEST(o.text, "after");
-        QCOMPARE(o.background, background);
-    }
-
-    void gearChange_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<bool>("eventsOff");
-        QTest::addColumn<OptText>("after");
-        QTest::addColumn<Background>("background");
-        QTest::addColumn<OptText>("vel");
-        // Cleared and marked; the speed value was taken from the typed text first.
-        QTest::newRow("above 100") << "101" << false << text("") << Background::Marker << text("3");
-        QTest::newRow("loading") << "8" << true << Unchanged << Background::Unchanged << Unchanged;
-        QTest::newRow("letters") << "x" << false << text("") << Background::Unchanged << Unchanged;
-    }
-    void gearChange()
-    {
-        QFETCH(QString, typed);
-        QFETCH(bool, eventsOff);
-        const EntryOutcome o = GearEntry::textChanged(typed, QStringLiteral("1"), eventsOff, false);
-        QTEST(o.text, "after");
-        QTEST(o.background, "background");
-        QTEST(o.txtVEL, "vel");
-    }
-
-    // Leaving the box: division needs at least 2, gear at least 1.
-    void leave_data()
-    {
-        QTest::addColumn<bool>("gear");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<OptText>("after");
-        QTest::addColumn<Background>("background");
-        QTest::newRow("division 0 cleared") << false << "0" << text("") << Background::Marker;
-        QTest::newRow("division 01 is 1, cleared") << false << "01" << text("") << Background::Marker;
-        QTest::newRow("division empty is 0, cleared") << false << "" << text("") << Background::Marker;
-        QTest::newRow("division 2 kept") << false << "2" << text("2") << Background::Unchanged;
-        QTest::newRow("gear 1 kept") << true << "1" << text("1") << Background::Unchanged;
-        QTest::newRow("gear 010 stripped") << true << "010" << text("10") << Background::Unchanged;
-        QTest::newRow("gear 0 cleared") << true << "0" << text("") << Background::Marker;
-        QTest::newRow("gear empty cleared") << true << "" << text("") << Background::Marker;
-    }
-    void leave()
-    {
-        QFETCH(bool, gear);
-        QFETCH(QString, typed);
-        const EntryOutcome o = gear ? GearEntry::leave(typed) : DivisionEntry::leave(typed);
-        QTEST(o.text, "after");
-        QTEST(o.background, "background");
-    }
-
-    void timerChangeAndLeave_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<OptText>("afterChange");
-        QTest::addColumn<OptText>("afterLeave");
-        QTest::newRow("letters cleared") << "5a" << text("") << Unchanged;
-        QTest::newRow("empty") << "" << Unchanged << Unchanged;
-    }
-    void timerChangeAndLeave()
-    {
-        QFETCH(QString, typed);
-        QTEST(TimerEntry::textChanged(typed).text, "afterChange");
-        QTEST(TimerEntry::leave(typed).text, "afterLeave");
-    }
-
-    void currentChange_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<OptText>("after");
-        QTest::addColumn<int>("caret");
-        QTest::addColumn<bool>("hasPoint");
-        QTest::newRow("point alone") << "." << text("0.") << 2 << true;
-        QTest::newRow("2.0 stays") << "2.0" << Unchanged << -1 << true;
-        QTest::newRow("15 cleared") << "15" << text("") << -1 << false;
-        QTest::newRow("1 stays") << "1" << Unchanged << -1 << false;
-    }
-    void currentChange()
-    {
-        QFETCH(QString, typed);
-        QFETCH(int, caret);
-        const CurrentEntry::Change c = CurrentEntry::textChanged(typed);
-        QTEST(c.outcome.text, "after");
-        QCOMPARE(c.outcome.caret, caret);
-        QTEST(c.mHasDecimalPoint, "hasPoint");
+        QTEST(changeOrLeave(rule, typed), "outcome");
     }
 
     void torikomiTakesRow0()
@@ -245,44 +224,33 @@ private slots:
         QVERIFY(prompter.shown.isEmpty());
     }
 
-    void torikomiRefusesUnconvertible()
-    {
-        ScriptedPrompter prompter;
-        PosiTable table;
-        OpDataScreen screen = exampleScreen();
-        screen.txtGEAR = QStringLiteral("1x");
-
-        QCOMPARE(OpDataTorikomi::PosiDataCheckAndTorikomi(screen, table, prompter), 1);
-        QCOMPARE(prompter.texts(), QStringList{QStringLiteral(
-            "An error occured while getting Value of Position Data.\r\n\r\nOperation is canceled.")});
-        QVERIFY(!table[P::VEL].isValid());
-
-        screen.txtGEAR = QStringLiteral("1");
-        screen.txtVEL = QStringLiteral("40000");
-        QCOMPARE(OpDataTorikomi::PosiDataTorikomi(screen, table, prompter), 1);
-        QVERIFY(!table[P::VEL].isValid());
-    }
-
-    void checkRefusesEmptyField_data()
+    // A field that is empty, or no 16-bit number, leaves the table as it was.
+    void torikomiRefuses_data()
     {
         QTest::addColumn<int>("field");
-        QTest::newRow("VEL") << 0;
-        QTest::newRow("ACC") << 1;
-        QTest::newRow("DIVISION") << 2;
-        QTest::newRow("GEAR") << 3;
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<QString>("message");
+        const QString empty = QStringLiteral("No data in the list.\r\n\r\nInput data and try it again.");
+        const QString wrong = QStringLiteral("An error occured while getting Value of Position Data.\r\n\r\nOperation is canceled.");
+        QTest::newRow("VEL empty") << 0 << "" << empty;
+        QTest::newRow("ACC empty") << 1 << "" << empty;
+        QTest::newRow("DIVISION empty") << 2 << "" << empty;
+        QTest::newRow("GEAR empty") << 3 << "" << empty;
+        QTest::newRow("GEAR not a number") << 3 << "1x" << wrong;
+        QTest::newRow("VEL beyond 16 bits") << 0 << "40000" << wrong;
     }
-    void checkRefusesEmptyField()
+    void torikomiRefuses()
     {
         QFETCH(int, field);
+        QFETCH(QString, value);
+        QFETCH(QString, message);
         OpDataScreen screen = exampleScreen();
         QString* fields[] = {&screen.txtVEL, &screen.txtACC, &screen.txtDIVISION, &screen.txtGEAR};
-        fields[field]->clear();
+        *fields[field] = value;
         ScriptedPrompter prompter;
         PosiTable table;
-
         QCOMPARE(OpDataTorikomi::PosiDataCheckAndTorikomi(screen, table, prompter), 1);
-        QCOMPARE(prompter.shown.size(), 1);
-        QCOMPARE(prompter.shown[0].text, QStringLiteral("No data in the list.\r\n\r\nInput data and try it again."));
+        QCOMPARE(prompter.texts(), QStringList{message});
         QCOMPARE(prompter.shown[0].icon, Prompter::Icon::Exclamation);
         QVERIFY(!table[P::VEL].isValid());
     }
