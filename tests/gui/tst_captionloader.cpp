@@ -9,7 +9,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
-#include <QMenuBar>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QToolBar>
@@ -88,29 +87,6 @@ private slots:
         control->setProperty("tag", tag);
         CaptionLoader::apply(&form);
         QTEST(textOf(control), "text");
-    }
-
-    void menuCaption_data()
-    {
-        QTest::addColumn<QString>("design");
-        QTest::addColumn<bool>("english");
-        QTest::addColumn<QString>("text");
-
-        QTest::newRow("number") << "4001" << false << "開く(&O)...";
-        QTest::newRow("no hexadecimal reading") << "&Help" << false << "&Help";
-        QTest::newRow("missing message") << "3999" << true << "3999";
-    }
-    void menuCaption()
-    {
-        QFETCH(QString, design);
-        QFETCH(bool, english);
-        ::english(english);
-        QMainWindow form;
-        QMenu* top = form.menuBar()->addMenu(design);
-        QAction* item = top->addAction(design);
-        CaptionLoader::apply(&form);
-        QTEST(item->text(), "text");
-        QTEST(top->title(), "text");
     }
 
     // Tool-tips, tab pages, list headers and tool buttons keep numbers too;
