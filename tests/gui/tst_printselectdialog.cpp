@@ -158,20 +158,6 @@ private slots:
         QVERIFY(m_prompter.shown.isEmpty());
     }
 
-    void parameterRowIsReadByNobody()
-    {
-        m_chooser.setNextFileName(QStringLiteral("/data/line4/unit12.pmt"));
-        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get());
-        dialog.PrintParaGrid = dialog.PrintParaFile = true;
-        dialog.optPrintPara->setChecked(true);
-        dialog.cmdSelectParaFile->click();
-        QCOMPARE(dialog.lblPrintParaName->text(), QStringLiteral("unit12.pmt"));
-        QCOMPARE(dialog.ParaFileName, QStringLiteral("/data/line4/unit12.pmt"));
-        dialog.cmdPrintSet->click();
-        QVERIFY(!dialog.PrintParaGrid && !dialog.PrintParaFile);
-        QVERIFY(dialog.PrintGridData);
-    }
-
     void f1FollowsTheLanguageSetting_data()
     {
         QTest::addColumn<int>("languege");

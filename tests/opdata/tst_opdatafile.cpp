@@ -13,8 +13,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <memory>
-
 namespace {
 
 using P = PosiTable;
@@ -42,12 +40,10 @@ private slots:
         ProgramState::reset();
         ProgramState::instance().gMsgBase = MessageTable::EnglishBase;
         m_prompter.clear();
-        m_filesOwner = std::make_unique<ScriptedFileChooser>();
+        m_files = ScriptedFileChooser();
         m_lock.calls.clear();
         m_progress.calls.clear();
     }
-
-    void cleanup() { ProgramState::reset(); }
 
     // The older format has no generation item; an item of five characters is
     // still accepted.
@@ -100,13 +96,13 @@ private slots:
         FakeOpDataView view(state);
         view.shown.comboVEL = QStringLiteral("5");
         ProgramState::instance().gDataChanged = true;
-        files().setNextFileName(writeFile(QStringLiteral("KTRdata.qmd"), ExampleFile));
+        m_files.setNextFileName(writeFile(QStringLiteral("KTRdata.qmd"), ExampleFile));
 
-        OpDataFileCommands(m_prompter, m_lock, m_progress, files(), state, view).Open();
+        OpDataFileCommands(m_prompter, m_lock, m_progress, m_files, state, view).Open();
 
-        QCOMPARE(files().requests.size(), 1);
-        QVERIFY(!files().requests[0].save);
-        QCOMPARE(files().requests[0].filter, QStringLiteral("Position Data(*.qmd)|*.qmd|All Files(*.*)|*.*"));
+        QCOMPARE(m_files.requests.size(), 1);
+        QVERIFY(!m_files.requests[0].save);
+        QCOMPARE(m_files.requests[0].filter, QStringLiteral("Position Data(*.qmd)|*.qmd|All Files(*.*)|*.*"));
         QCOMPARE(fieldTexts(view.shown), (QStringList{"9000", "1", "12", "1", "30", "1"}));
         QVERIFY2(!view.shown.optCW, "the file's direction is not taken");
         QVERIFY(view.eventsOffWhileShown);
@@ -123,9 +119,9 @@ private slots:
     {
         OpDataState state;
         FakeOpDataView view(state);
-        files().setNextFileName(writeFile(QStringLiteral("wrong.qmd"), changed("Position", "Points")));
+        m_files.setNextFileName(writeFile(QStringLiteral("wrong.qmd"), changed("Position", "Points")));
 
-        OpDataFileCommands(m_prompter, m_lock, m_progress, files(), state, view).Open();
+        OpDataFileCommands(m_prompter, m_lock, m_progress, m_files, state, view).Open();
 
         QCOMPARE(m_prompter.texts(), QStringList{Rejected});
         QCOMPARE(view.showCount, 0);
@@ -140,14 +136,14 @@ private slots:
         view.shown = exampleScreen();
         ProgramState::instance().gDataChanged = true;
         const QString path = m_dir.filePath(QStringLiteral("saved.qmd"));
-        files().setNextFileName(path);
+        m_files.setNextFileName(path);
 
-        OpDataFileCommands(m_prompter, m_lock, m_progress, files(), state, view).SaveAs();
+        OpDataFileCommands(m_prompter, m_lock, m_progress, m_files, state, view).SaveAs();
 
         QCOMPARE(readFile(path), ExampleFile);
-        QCOMPARE(files().requests.size(), 1);
-        QVERIFY(files().requests[0].save);
-        QCOMPARE(files().requests[0].proposedName, QStringLiteral("KTRdata.qmd"));
+        QCOMPARE(m_files.requests.size(), 1);
+        QVERIFY(m_files.requests[0].save);
+        QCOMPARE(m_files.requests[0].proposedName, QStringLiteral("KTRdata.qmd"));
         QCOMPARE(state.mDataTitle, m_dir.filePath(QStringLiteral("saved")));
         QVERIFY(!ProgramState::instance().gDataChanged);
         QCOMPARE(m_progress.calls, (QStringList{"window Saving data to the file... 0", "window hidden"}));
@@ -160,11 +156,11 @@ private slots:
         FakeOpDataView view(state);
         view.shown = exampleScreen();
         view.shown.txtDIVISION.clear();
-        files().setNextFileName(m_dir.filePath(QStringLiteral("never.qmd")));
+        m_files.setNextFileName(m_dir.filePath(QStringLiteral("never.qmd")));
 
-        OpDataFileCommands(m_prompter, m_lock, m_progress, files(), state, view).SaveAs();
+        OpDataFileCommands(m_prompter, m_lock, m_progress, m_files, state, view).SaveAs();
 
-        QVERIFY(files().requests.isEmpty());
+        QVERIFY(m_files.requests.isEmpty());
         QCOMPARE(m_prompter.texts(), QStringList{"No data in the list.\r\n\r\nInput data and try it again."});
         QVERIFY(!QFile::exists(m_dir.filePath(QStringLiteral("never.qmd"))));
     }
@@ -178,11 +174,11 @@ private slots:
         view.shown = exampleScreen();
         view.shown.txtVEL = QStringLiteral("120");
         ProgramState::instance().gDataChanged = true;
-        files().setNextFileName(path);
+        m_files.setNextFileName(path);
 
         {
             const FileSizeLimit limit(16);
-            OpDataFileCommands(m_prompter, m_lock, m_progress, files(), state, view).SaveAs();
+            OpDataFileCommands(m_prompter, m_lock, m_progress, m_files, state, view).SaveAs();
         }
 
         QCOMPARE(readFile(path), ExampleFile);
@@ -195,7 +191,6 @@ private slots:
     }
 
 private:
-    ScriptedFileChooser& files() { return *m_filesOwner; }
     QString writeFile(const QString& name, const QByteArray& bytes)
     {
         const QString path = m_dir.filePath(name);
@@ -213,7 +208,7 @@ private:
 
     QTemporaryDir m_dir;
     ScriptedPrompter m_prompter;
-    std::unique_ptr<ScriptedFileChooser> m_filesOwner;
+    ScriptedFileChooser m_files;
     RecordingLock m_lock;
     RecordingProgress m_progress;
 };

@@ -26,9 +26,7 @@ namespace {
 class RecordedPage : public QPaintDevice {
 public:
     struct Text {
-        double x;
-        double baseline;
-        double width;
+        double x, baseline, width;
         QString text;
     };
     QList<Text> texts;
@@ -128,14 +126,8 @@ const QDateTime PrintedAt(QDate(2024, 3, 5), QTime(14, 7));
 
 OpDataPrintData screenData()
 {
-    OpDataPrintData data;
-    data.speedChoice = QStringLiteral("30");
-    data.vel = QStringLiteral("9000");
-    data.acc = QStringLiteral("1");
-    data.division = QStringLiteral("12");
-    data.gear = QStringLiteral("1");
-    data.current = QStringLiteral("1.5");
-    return data;
+    return {.fromFile = false, .fileName = {}, .generation = OpDataPrintData::Generation::New,
+            .speedChoice = "30", .vel = "9000", .acc = "1", .ccw = false, .division = "12", .gear = "1", .current = "1.5"};
 }
 
 // A complete set as the parameter page hands it over.
