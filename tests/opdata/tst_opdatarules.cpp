@@ -150,6 +150,7 @@ private slots:
         QTest::newRow("timer: letter") << "timer" << "6" << QChar(u'x') << KeyAction::Refuse;
         QTest::newRow("timer: backspace") << "timer" << "655" << BackspaceKey << KeyAction::Accept;
         QTest::newRow("timer: enter") << "timer" << "655" << EnterKey << KeyAction::Enter;
+        QTest::newRow("current: second point") << "current" << "1.5" << QChar(u'.') << KeyAction::Refuse;
         QTest::newRow("current: letter") << "current" << "1" << QChar(u'a') << KeyAction::Refuse;
         QTest::newRow("current: 21 characters") << "current" << QString(21, u'1') << QChar(u'1') << KeyAction::Refuse;
         QTest::newRow("current: point at 21") << "current" << QString(21, u'1') << QChar(u'.') << KeyAction::Accept;
@@ -185,10 +186,12 @@ private slots:
         QTest::newRow("gear: above 100") << "gear" << "101" << withVel(E::clearedAndMarked(), "3");
         QTest::newRow("gear: letters") << "gear" << "x" << E::cleared();
         QTest::newRow("gear: loading") << "gear, loading" << "8" << E();
+        QTest::newRow("timer: 655 stays") << "timer" << "655" << E();
         QTest::newRow("timer: letters cleared") << "timer" << "5a" << E::cleared();
         QTest::newRow("timer: empty") << "timer" << "" << E();
         QTest::newRow("current: point alone") << "current" << "." << withCaret(E::withText("0."), 2);
         QTest::newRow("current: 2.0 stays") << "current" << "2.0" << E();
+        QTest::newRow("current: 2.05 cleared") << "current" << "2.05" << E::cleared();
         QTest::newRow("current: 15 cleared") << "current" << "15" << E::cleared();
         QTest::newRow("leaving division: 0") << "leaving division" << "0" << E::clearedAndMarked();
         QTest::newRow("leaving division: 01 is 1") << "leaving division" << "01" << E::clearedAndMarked();
