@@ -34,15 +34,15 @@ public:
 
     QPaintEngine* paintEngine() const override { return &m_engine; }
 
-    // The text starting at xMm on a row pitch millimetres high (a text is on
-    // the row its baseline falls in); pieces the painter split where the
-    // script changes are joined.
+    // The text starting at xMm on a row pitch millimetres high: a text is
+    // on the row its baseline falls in.
     QString at(int row, double xMm, int pitch) const
     {
-        QString found;
-        for (const Text* t = find(row, xMm, pitch); t; t = t->width > 0 ? find(row, t->x + t->width, pitch) : nullptr)
-            found += t->text;
-        return found;
+        for (const Text& t : texts) {
+            if (int(t.baseline / pitch) == row && qAbs(t.x - xMm) < 0.05)
+                return t.text;
+        }
+        return {};
     }
 
     // Each row with text at the label column (20 mm) or the value column
@@ -88,15 +88,6 @@ protected:
 private:
     static constexpr int Dpi = 300;
     static double mm(double px) { return px * 25.4 / Dpi; }
-
-    const Text* find(int row, double xMm, int pitch) const
-    {
-        for (const Text& t : texts) {
-            if (int(t.baseline / pitch) == row && qAbs(t.x - xMm) < 0.05)
-                return &t;
-        }
-        return nullptr;
-    }
 
     class Engine : public QPaintEngine {
     public:
