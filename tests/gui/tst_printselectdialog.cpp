@@ -1,17 +1,28 @@
+// The dialogs before a printout: which operation data to print, and the
+// print dialog with its way out to a PDF file.
+
 #include "support/ScriptedFileChooser.h"
 #include "support/ScriptedPrompter.h"
 #include "support/TempSettings.h"
 
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
+#include "print/PrintCanvas.h"
 #include "print/widgets/PrintSelectDialog.h"
+#include "print/widgets/PrinterOutput.h"
 #include "shell/Settings.h"
 
 #include <QGroupBox>
 #include <QLabel>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QShortcut>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
@@ -25,6 +36,16 @@ void clickOption(QRadioButton* option)
 {
     QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(6, option->height() / 2));
 }
+
+// Remembers the page it was asked to draw on.
+class PageSpy : public Printout {
+public:
+    QString pdfFileName() const override { return QStringLiteral("unit12.pdf"); }
+    int rightEdgeMm = 0;
+
+protected:
+    void draw(PrintCanvas& canvas) override { rightEdgeMm = canvas.metrics().gRightEdge; }
+};
 
 } // namespace
 
@@ -48,32 +69,11 @@ private slots:
         m_settings.reset();
     }
 
-    void captionsAndPlacement_data()
-    {
-        QTest::addColumn<int>("msgBase");
-        QTest::newRow("English") << 10000;
-        QTest::newRow("Japanese") << 0;
-    }
-    void captionsAndPlacement()
-    {
-        QFETCH(int, msgBase);
-        ProgramState::instance().gMsgBase = msgBase;
-        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get());
-        const QList<QPair<QString, int>> captions = {{dialog.windowTitle(), 1801},
-            {dialog.findChild<QLabel*>("lblSelect")->text(), 1802},
-            {dialog.findChild<QGroupBox*>("framPosi")->title(), 1803}, {dialog.optPrintPosi_0->text(), 1804},
-            {dialog.optPrintPosi_1->text(), 1805}, {dialog.lblPrintPosiName->text(), 1822},
-            {dialog.cmdSelectPosiFile->text(), 1807}, {dialog.lblPrintParaName->text(), 1821},
-            {dialog.cmdPrintSet->text(), 4750}, {dialog.cmdPrintCancel->text(), 4751}};
-        for (const auto& [shown, id] : captions)
-            QCOMPARE(shown, Msg(id));
-        // 500 twips right of and below the opener's corner.
-        QCOMPARE(dialog.pos(), QPoint(233, 183));
-    }
-
     void gridIsTheFirstChoice()
     {
         PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get());
+        // 500 twips right of and below the opener's corner.
+        QCOMPARE(dialog.pos(), QPoint(233, 183));
         dialog.show();
         QVERIFY(dialog.optPrintPosi_0->isChecked());
         QVERIFY(dialog.optPrintPosi_0->isVisible() && dialog.optPrintPosi_1->isVisible());
@@ -85,22 +85,36 @@ private slots:
         QVERIFY(!dialog.lblPrintPosiName->isEnabled() && !dialog.cmdSelectPosiFile->isEnabled());
         QTest::mouseClick(dialog.cmdPrintSet, Qt::LeftButton);
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
-        QVERIFY(dialog.PrintGridData);
-        QVERIFY(!dialog.PrintFileData && !dialog.Cancelled);
+        QVERIFY(dialog.PrintGridData && !dialog.PrintFileData && !dialog.Cancelled);
         QVERIFY(m_prompter.shown.isEmpty());
     }
 
     // A cancelled browse changes nothing, so Set still has no file.
+    void fileBeforeBrowsingIsRefused_data()
+    {
+        QTest::addColumn<bool>("fileOnly");
+        QTest::newRow("file chosen") << false;
+        QTest::newRow("only a file can be printed") << true;
+    }
     void fileBeforeBrowsingIsRefused()
     {
+        QFETCH(bool, fileOnly);
+        ProgramState::instance().gPrintFileOnly = fileOnly;
         PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get());
         dialog.show();
-        clickOption(dialog.optPrintPosi_1);
+        if (fileOnly) {
+            QVERIFY(dialog.optPrintPosi_0->isHidden() && dialog.optPrintPosi_1->isHidden());
+            // Moved up to 600 twips, the label at 1000 and the button 2280 right of it.
+            QCOMPARE(dialog.lblPrintPosiName->pos(), QPoint(67, 40));
+            QCOMPARE(dialog.cmdSelectPosiFile->pos(), QPoint(219, 40));
+        } else {
+            clickOption(dialog.optPrintPosi_1);
+        }
+        QVERIFY(dialog.optPrintPosi_1->isChecked());
         QVERIFY(dialog.lblPrintPosiName->isEnabled() && dialog.cmdSelectPosiFile->isEnabled());
         QTest::mouseClick(dialog.cmdSelectPosiFile, Qt::LeftButton);
         QCOMPARE(m_chooser.requests.size(), 1);
         QCOMPARE(dialog.lblPrintPosiName->text(), Msg(1822));
-        QVERIFY(dialog.PosiFileName.isEmpty());
         QTest::mouseClick(dialog.cmdPrintSet, Qt::LeftButton);
         QCOMPARE(m_prompter.texts(), QStringList{Msg(1824)});
         QCOMPARE(m_prompter.shown[0].buttons, Prompter::Buttons::Ok);
@@ -108,36 +122,15 @@ private slots:
         QVERIFY(!dialog.PrintFileData && !dialog.PrintGridData && !dialog.Cancelled);
     }
 
-    void browseShowsTheBareNameAndKeepsThePath()
-    {
-        m_chooser.setNextFileName(PickedFile);
-        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get());
-        dialog.show();
-        clickOption(dialog.optPrintPosi_1);
-        QTest::mouseClick(dialog.cmdSelectPosiFile, Qt::LeftButton);
-        QCOMPARE(m_chooser.requests.size(), 1);
-        const ScriptedFileChooser::Request& request = m_chooser.requests[0];
-        QVERIFY(!request.save);
-        QCOMPARE(request.title, Msg(1828));
-        QCOMPARE(request.filter, Msg(351));
-        QCOMPARE(request.defaultExtension, Msg(51));
-        QCOMPARE(dialog.lblPrintPosiName->text(), QStringLiteral("KTRdata.qmd"));
-        QCOMPARE(dialog.PosiFileName, PickedFile);
-        QCOMPARE(dialog.lblPrintPosiName->toolTip(), PickedFile);
-        QTest::mouseClick(dialog.cmdPrintSet, Qt::LeftButton);
-        QCOMPARE(dialog.result(), int(QDialog::Accepted));
-        QVERIFY(dialog.PrintFileData);
-        QVERIFY(!dialog.PrintGridData && !dialog.Cancelled);
-        QVERIFY(m_prompter.shown.isEmpty());
-    }
-
-    void leavingAfterBrowseIsCancelled_data()
+    // Browse shows the bare name and keeps the path, whichever way the dialog is left.
+    void browseThenLeave_data()
     {
         QTest::addColumn<QString>("how");
+        QTest::newRow("Set") << "set";
         QTest::newRow("Cancel button") << "cancel";
         QTest::newRow("window frame") << "close";
     }
-    void leavingAfterBrowseIsCancelled()
+    void browseThenLeave()
     {
         QFETCH(QString, how);
         m_chooser.setNextFileName(PickedFile);
@@ -145,48 +138,24 @@ private slots:
         dialog.show();
         clickOption(dialog.optPrintPosi_1);
         QTest::mouseClick(dialog.cmdSelectPosiFile, Qt::LeftButton);
-        if (how == "cancel")
+        QCOMPARE(m_chooser.requests.size(), 1);
+        const ScriptedFileChooser::Request& request = m_chooser.requests[0];
+        QVERIFY(!request.save && request.title == Msg(1828) && request.filter == Msg(351)
+                && request.defaultExtension == Msg(51));
+        QCOMPARE(dialog.lblPrintPosiName->text(), QStringLiteral("KTRdata.qmd"));
+        QCOMPARE(dialog.lblPrintPosiName->toolTip(), PickedFile);
+        if (how == "set")
+            QTest::mouseClick(dialog.cmdPrintSet, Qt::LeftButton);
+        else if (how == "cancel")
             QTest::mouseClick(dialog.cmdPrintCancel, Qt::LeftButton);
         else
             dialog.close();
         QVERIFY(!dialog.isVisible());
-        QVERIFY(dialog.Cancelled);
-        QVERIFY(!dialog.PrintGridData && !dialog.PrintFileData);
+        QCOMPARE(dialog.PrintFileData, how == "set");
+        QCOMPARE(dialog.Cancelled, how != "set");
+        QVERIFY(!dialog.PrintGridData);
         QCOMPARE(dialog.PosiFileName, PickedFile);
-    }
-
-    void printFileOnlyForcesFile()
-    {
-        ProgramState::instance().gPrintFileOnly = true;
-        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get());
-        dialog.show();
-        QVERIFY(dialog.optPrintPosi_0->isHidden() && dialog.optPrintPosi_1->isHidden());
-        QVERIFY(dialog.optPrintPosi_1->isChecked());
-        // Moved up to 600 twips, the label at 1000 and the button 2280 right of it.
-        QCOMPARE(dialog.lblPrintPosiName->pos(), QPoint(67, 40));
-        QCOMPARE(dialog.cmdSelectPosiFile->pos(), QPoint(219, 40));
-        QVERIFY(dialog.lblPrintPosiName->isEnabled() && dialog.cmdSelectPosiFile->isEnabled());
-        QTest::mouseClick(dialog.cmdPrintSet, Qt::LeftButton);
-        QCOMPARE(m_prompter.texts(), QStringList{Msg(1824)});
-        QVERIFY(dialog.isVisible() && !dialog.PrintGridData);
-    }
-
-    void parameterRowIsReadByNobody()
-    {
-        m_chooser.setNextFileName(QStringLiteral("/data/line4/unit12.pmt"));
-        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get());
-        dialog.PrintParaGrid = true;
-        dialog.PrintParaFile = true;
-        dialog.optPrintPara->setChecked(true);
-        dialog.cmdSelectParaFile->click();
-        QCOMPARE(m_chooser.requests.size(), 1);
-        QCOMPARE(m_chooser.requests[0].title, Msg(1826));
-        QCOMPARE(m_chooser.requests[0].filter, Msg(1827));
-        QCOMPARE(dialog.lblPrintParaName->text(), QStringLiteral("unit12.pmt"));
-        QCOMPARE(dialog.ParaFileName, QStringLiteral("/data/line4/unit12.pmt"));
-        dialog.cmdPrintSet->click();
-        QVERIFY(!dialog.PrintParaGrid && !dialog.PrintParaFile);
-        QVERIFY(dialog.PrintGridData);
+        QVERIFY(m_prompter.shown.isEmpty());
     }
 
     void f1FollowsTheLanguageSetting_data()
@@ -195,7 +164,6 @@ private slots:
         QTest::addColumn<int>("helpShown");
         QTest::newRow("Japanese") << 1 << 1;
         QTest::newRow("English") << 2 << 0;
-        QTest::newRow("other value") << 0 << 0;
     }
     void f1FollowsTheLanguageSetting()
     {
@@ -209,6 +177,70 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(&dialog));
         QTest::keyClick(dialog.focusWidget() ? dialog.focusWidget() : &dialog, Qt::Key_F1);
         QTEST(shown, "helpShown");
+    }
+
+    // Every way out of the print dialog. The offscreen platform has no
+    // printer, so Print cannot start: the user is told so, and shown the
+    // way to a PDF file.
+    void dialogAnswers_data()
+    {
+        QTest::addColumn<int>("result");
+        QTest::addColumn<QString>("name");   // given in the file dialog
+        QTest::addColumn<bool>("done");
+        QTest::addColumn<QString>("told");
+        QTest::newRow("cancel") << int(QDialog::Rejected) << "" << false << "";
+        QTest::newRow("print, no printer") << int(QDialog::Accepted) << "" << false << MsgLines({5323, 5326});
+        QTest::newRow("PDF saved") << PrinterOutput::SavePdf << "sheet.pdf" << true << "";
+        QTest::newRow("PDF folder missing") << PrinterOutput::SavePdf << "missing/sheet.pdf" << false << Msg(5325);
+        QTest::newRow("PDF name cancelled") << PrinterOutput::SavePdf << "" << false << "";
+    }
+    void dialogAnswers()
+    {
+        QFETCH(int, result);
+        QFETCH(QString, name);
+        QFETCH(QString, told);
+        if (result == QDialog::Accepted && !QPrinterInfo::availablePrinterNames().isEmpty())
+            QSKIP("a printer is installed here");
+        QTemporaryDir dir;
+        const QString path = name.isEmpty() ? QString() : dir.filePath(name);
+        PageSpy page;
+        ScriptedFileChooser files;
+        files.setNextFileName(path);
+        ScriptedPrompter prompter;
+        bool offered = false;
+        const auto answer = [&](QPrintDialog& dialog) {
+            auto* savePdf = dialog.findChild<QPushButton*>(QStringLiteral("cmdSavePdf"));
+            offered = savePdf->text() == Msg(5320) && !dialog.testOption(QAbstractPrintDialog::PrintToFile)
+                && !dialog.testOption(QAbstractPrintDialog::PrintSelection);
+            if (result == PrinterOutput::SavePdf)
+                savePdf->click();
+            return result == PrinterOutput::SavePdf ? dialog.result() : result;
+        };
+        QTEST(PrinterOutput(files, prompter, nullptr, answer).print(page), "done");
+        QVERIFY(offered);
+        QCOMPARE(prompter.texts().join(u'|').left(told.size()), told);
+        QCOMPARE(prompter.shown.isEmpty(), told.isEmpty());
+        QFile pdf(path);
+        QTEST(!path.isEmpty() && pdf.open(QIODevice::ReadOnly) && pdf.read(5) == "%PDF-", "done");
+        if (result == PrinterOutput::SavePdf) {
+            QCOMPARE(files.requests.size(), 1);
+            const ScriptedFileChooser::Request& request = files.requests[0];
+            QVERIFY(request.save && request.title == Msg(5321) && request.filter == Msg(5322));
+            QCOMPARE(request.proposedName, QStringLiteral("unit12.pdf"));
+        }
+    }
+
+    void pageIsMeasuredFromThePaperEdge()
+    {
+        QTemporaryDir dir;
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(dir.filePath(QStringLiteral("out.pdf")));
+        printer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait,
+                                          QMarginsF(15, 15, 15, 15)));
+        PageSpy page;
+        QCOMPARE(PrinterOutput::printOn(page, printer), Printout::Outcome::Sent);
+        QCOMPARE(page.rightEdgeMm, 200);
     }
 
 private:

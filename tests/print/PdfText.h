@@ -1,31 +1,22 @@
 #pragma once
 
 #include <QByteArray>
-#include <QFile>
 #include <QProcess>
 #include <QString>
-#include <QTemporaryDir>
+#include <QStringList>
 
 // The text of a PDF as a reader extracts it (pdftotext, keeping the layout),
 // so a test sees what survives in the file: fonts embedded with their
 // character maps, one page, the lines in order.
 inline QString pdfText(const QByteArray& pdf)
 {
-    QTemporaryDir dir;
-    const QString pdfPath = dir.filePath(QStringLiteral("page.pdf"));
-    const QString textPath = dir.filePath(QStringLiteral("page.txt"));
-    QFile out(pdfPath);
-    if (!out.open(QIODevice::WriteOnly) || out.write(pdf) != pdf.size())
+    QProcess reader;
+    reader.start(QStringLiteral("pdftotext"), {"-layout", "-enc", "UTF-8", "-", "-"});
+    reader.write(pdf);
+    reader.closeWriteChannel();
+    if (!reader.waitForFinished() || reader.exitStatus() != QProcess::NormalExit || reader.exitCode() != 0)
         return {};
-    out.close();
-    if (QProcess::execute(QStringLiteral("pdftotext"),
-                          {QStringLiteral("-layout"), QStringLiteral("-enc"), QStringLiteral("UTF-8"),
-                           pdfPath, textPath}) != 0)
-        return {};
-    QFile in(textPath);
-    if (!in.open(QIODevice::ReadOnly))
-        return {};
-    return QString::fromUtf8(in.readAll());
+    return QString::fromUtf8(reader.readAllStandardOutput());
 }
 
 // Where each expected piece is found, each after the one before; -1 from the
