@@ -58,7 +58,7 @@ qint64 cpuMs()
 
 // A window on the built-in virtual controller, loaded, with scripted boxes.
 struct SimWindow {
-    SimWindow() : window(StartupOptions{.simulator = true})
+    SimWindow() : window(StartupOptions::parse({"ktr-w5", "--simulator"}))
     {
         window.usePrompter(prompter);
         window.Form_Load();
