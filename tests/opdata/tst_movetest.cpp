@@ -115,34 +115,40 @@ private slots:
         QVERIFY(!rig.run.Timer2.isActive());
     }
 
-    // Homing that the controller accepts; the status polls decide the end.
+    // Homing, refused or accepted; then the status polls decide the end.
     // STOP, pressed at the last of them, gives up only a stop short of home
     // (offered then), and says so.
     void homing_data()
     {
+        QTest::addColumn<QByteArray>("reply");   // to the home move
         QTest::addColumn<QList<QByteArray>>("statuses");
         QTest::addColumn<bool>("blocked");
         QTest::addColumn<bool>("requested");
-        QTest::addColumn<QString>("stopOffered");
+        QTest::addColumn<bool>("failed");
+        QTest::addColumn<QString>("offered");
         QTest::addColumn<QString>("message");
         const QString givenUp = QStringLiteral("Homing did not finish: the controller stopped part-way (status %1). "
                                                "Remove the cause; an alarm is cleared with the alarm reset.");
-        QTest::newRow("reaches home") << QList<QByteArray>{"0RA0", "0RA1"} << false << true << "" << "";
-        QTest::newRow("request blocked") << QList<QByteArray>{"0RA1"} << true << false << "" << "";
-        QTest::newRow("status failure") << QList<QByteArray>{"0RA9"} << false << false << "" << "";
-        QTest::newRow("alarm") << QList<QByteArray>{"0RA0", "0RA3", "0RA3"} << false << false << "cmdSTOP 1"
-                               << givenUp.arg(3);
-        QTest::newRow("STOP input") << QList<QByteArray>{"0RA2", "0RA2"} << false << false << "cmdSTOP 1"
-                                    << givenUp.arg(2);
+        const QByteArray home("0MP00");
+        QTest::newRow("reaches home") << home << QList<QByteArray>{"0RA0", "0RA1"} << false << true << false << "" << "";
+        QTest::newRow("request blocked") << home << QList<QByteArray>{"0RA1"} << true << false << false << "" << "";
+        QTest::newRow("status failure") << home << QList<QByteArray>{"0RA9"} << false << false << false << "" << "";
+        QTest::newRow("alarm") << home << QList<QByteArray>{"0RA0", "0RA3", "0RA3"} << false << false << false
+                               << "cmdSTOP 1" << givenUp.arg(3);
+        QTest::newRow("STOP input") << home << QList<QByteArray>{"0RA2", "0RA2"} << false << false << false
+                                    << "cmdSTOP 1" << givenUp.arg(2);
+        QTest::newRow("refused") << QByteArray("0%%0B3") << QList<QByteArray>{} << false << false << true << "cmdHOME 1"
+                                 << "Communication error occurs!\r\nError No.0B3\r\n[Homing refused while an alarm is active.]";
     }
     void homing()
     {
+        QFETCH(QByteArray, reply);
         QFETCH(QList<QByteArray>, statuses);
         QFETCH(bool, blocked);
-        QFETCH(QString, stopOffered);
+        QFETCH(QString, offered);
         OpDataRig rig;
         rig.answer("0CM6", "0CM6");
-        rig.answer("0MP00", "0MP00");
+        rig.answer("0MP00", reply.constData());
         for (const QByteArray& status : statuses)
             rig.answer("0RA", status.constData());
         ProgramState::instance().gHomeFailed = true;
@@ -158,32 +164,12 @@ private slots:
 
         QCOMPARE(rig.frames(), QStringList({"0CM6", "0MP00"}) + QStringList(statuses.size(), "0RA"));
         QTEST(ProgramState::instance().gHomeRequested, "requested");
-        QVERIFY(!ProgramState::instance().gHomeFailed);
+        QTEST(ProgramState::instance().gHomeFailed, "failed");
         QVERIFY(!ProgramState::instance().gCommBusy);
         QCOMPARE(rig.lock.calls, HomeLocked);
-        QCOMPARE(rig.view.calls, QStringList({"cmdRESET 0", stopOffered}).filter(QStringLiteral("cmd")));
+        QCOMPARE(rig.view.calls, QStringList({"cmdRESET 0", offered}).filter(QStringLiteral("cmd")));
         QTEST(rig.prompter.texts().join('|'), "message");
         QVERIFY(!rig.port.isOpen());
-    }
-
-    void homingRefusedByController()
-    {
-        OpDataRig rig;
-        rig.answer("0CM6", "0CM6");
-        rig.answer("0MP00", "0%%0B3");
-
-        Homing(rig.ctx, rig.view).run();
-
-        const QString refused = QStringLiteral("Homing refused while an alarm is active.");
-        QCOMPARE(rig.frames(), (QStringList{"0CM6", "0MP00"}));
-        QVERIFY(!ProgramState::instance().gHomeRequested);
-        QVERIFY(ProgramState::instance().gHomeFailed);
-        QVERIFY(rig.alarms.alarm);
-        QCOMPARE(rig.alarms.status, refused);
-        QCOMPARE(rig.prompter.shown.size(), 1);
-        QVERIFY(rig.prompter.lastText().contains(refused));
-        QCOMPARE(rig.view.calls, (QStringList{"cmdRESET 0", "cmdHOME 1"}));
-        QCOMPARE(rig.lock.calls, HomeLocked);
     }
 
     void lamps_data()
@@ -257,13 +243,13 @@ private slots:
 
         rig.monitor.start();
         if (userStops) {
-            QTRY_COMPARE(rig.io.lit().size(), 4);
+            QTRY_COMPARE(rig.io.lit(), 4);
             rig.monitor.toggle();
         }
         QTRY_VERIFY(!rig.monitor.mIoRunning);
         QTest::qWait(3 * IoMonitor::PollIntervalMs);
         QTEST(rig.frames(), "frames");
-        QVERIFY(rig.io.lit().isEmpty());
+        QCOMPARE(rig.io.lit(), 0);
         QCOMPARE(rig.io.caption, QStringLiteral("Start Monitor"));
         QVERIFY(rig.io.othersEnabled);
         QCOMPARE(rig.lock.calls, (QStringList{"tabs off", "Menyu_Muko", "tabs on", "Menyu_Yuko"}));
