@@ -107,26 +107,36 @@ private slots:
         ProgramState::reset();
     }
 
-    // The help contents exist in Japanese only; a stored 0 leaves them as built.
+    // The window is placed where stored (in twips); the help contents exist
+    // in Japanese only, and a stored 0 leaves them as built.
     void loadFillsListsAndCaptions_data()
     {
         QTest::addColumn<int>("language");
+        QTest::addColumn<QStringList>("stored");
+        QTest::addColumn<QPoint>("position");
         QTest::addColumn<QStringList>("shown");
         QTest::addColumn<bool>("help");
         const QStringList english = {"1. Drive-OFF", "1. With Encorder", "3. OUT1,2-ON", "1. Enable", "CONTROLLER",
                                      "Parameters", "&File", "ALARM RESET", "Verify with C/T", "Logic A(1)", "Alarm"};
-        QTest::newRow("English") << 2 << english << false;
-        QTest::newRow("stored 0") << 0 << english << true;
-        QTest::newRow("Japanese") << 1 << QStringList{"1. ドライブOFF", "1. エンコーダあり", "3. OUT1,2出力ON", "1. 有効",
-                                                      "コントローラ", "パラメータ", "ファイル(&F)", "アラームリセット",
-                                                      "C/Tと照合", "A接点(1)", "アラーム"} << true;
+        QTest::newRow("English") << 2 << QStringList{} << QPoint(67, 67) << english << false;
+        QTest::newRow("stored 0") << 0 << QStringList{"3000", "1500"} << QPoint(200, 100) << english << true;
+        QTest::newRow("Japanese") << 1 << QStringList{"1522.5", "0"} << QPoint(102, 0)
+                                  << QStringList{"1. ドライブOFF", "1. エンコーダあり", "3. OUT1,2出力ON", "1. 有効",
+                                                 "コントローラ", "パラメータ", "ファイル(&F)", "アラームリセット",
+                                                 "C/Tと照合", "A接点(1)", "アラーム"} << true;
     }
     void loadFillsListsAndCaptions()
     {
         QFETCH(int, language);
+        QFETCH(QStringList, stored);
         setLanguage(qint16(language));
+        if (!stored.isEmpty()) {
+            Settings::writeText("MainLeft", stored[0]);
+            Settings::writeText("MainTop", stored[1]);
+        }
         MainWindow w;
         w.Form_Load();
+        QTEST(w.pos(), "position");
         const OpDataPage& op = *w.opData;
         const ParaPage& para = *w.para;
         QCOMPARE((QStringList{op.comboVEL->itemText(0), op.comboVEL->itemText(29), op.comboACC->itemText(0)}),
@@ -151,28 +161,6 @@ private slots:
             QVERIFY2(a->text().isEmpty() || !a->text()[0].isDigit(), qPrintable(a->text()));
         for (QLabel* l : w.findChildren<QLabel*>())
             QVERIFY2(!l->property("tag").isValid() || !l->text().isEmpty(), qPrintable(l->objectName()));
-    }
-
-    // Stored in twips.
-    void positionFromSettings_data()
-    {
-        QTest::addColumn<QString>("left");
-        QTest::addColumn<QString>("top");
-        QTest::addColumn<QPoint>("position");
-        QTest::newRow("nothing stored") << "" << "" << QPoint(67, 67);
-        QTest::newRow("fractional twips") << "1522.5" << "0" << QPoint(102, 0);
-    }
-    void positionFromSettings()
-    {
-        QFETCH(QString, left);
-        QFETCH(QString, top);
-        if (!left.isEmpty()) {
-            Settings::writeText("MainLeft", left);
-            Settings::writeText("MainTop", top);
-        }
-        MainWindow w;
-        w.Form_Load();
-        QTEST(w.pos(), "position");
     }
 
     // Closing stores the port and the language, switched once when asked,
@@ -419,23 +407,6 @@ private slots:
         QCOMPARE(Settings::readText(QStringLiteral("PortOccupy")), QStringLiteral("0"));
     }
 
-    // Stored at once; on the virtual controller the port list names it alone.
-    void portOccupyStoredAtOnce()
-    {
-        ProgramState::instance().gPortOccupy = false;
-        SimWindow w;
-        withOptionsDialog(w.window, [](OptionsDialog& d) {
-            QVERIFY(!d.chkPortOccupy->isChecked());
-            QCOMPARE(d.comboPortNo->count(), 1);
-            QCOMPARE(d.comboPortNo->currentText(), QStringLiteral("Virtual controller (simulator)"));
-            QVERIFY(d.findChild<QLabel*>(QStringLiteral("lblSimulatorNote"))->isVisible());
-            d.chkPortOccupy->setChecked(true);
-        });
-        QCOMPARE(Settings::readText(QStringLiteral("PortOccupy")), QStringLiteral("1"));
-        QVERIFY(ProgramState::instance().gPortOccupy);
-        QVERIFY(w.prompter.shown.isEmpty());
-    }
-
     // Port 1 is held open; the user picks port 3 and then a device by name.
     // Each time the old device is let go and the next command goes to the new
     // one.
@@ -486,14 +457,18 @@ private slots:
         QTest::newRow("Japanese system, English") << false << 2 << true << false;
         QTest::newRow("Japanese system, Japanese") << false << 1 << true << true;
     }
-    // On OK the other language is asked for; it is taken at the next start.
+    // On OK the other language is asked for, to be taken at the next start,
+    // and port-occupy is stored. On the virtual controller the port list
+    // names it alone.
     void languageChoice()
     {
         QFETCH(bool, foreign);
         QFETCH(int, language);
         QFETCH(bool, japaneseEnabled);
         QFETCH(bool, japaneseChecked);
-        ProgramState::instance().gForeignOs = foreign;
+        ProgramState& s = ProgramState::instance();
+        s.gForeignOs = foreign;
+        s.gPortOccupy = false;
         setLanguage(qint16(language));
         SimWindow w;
         withOptionsDialog(w.window, [&](OptionsDialog& d) {
@@ -501,8 +476,16 @@ private slots:
             QCOMPARE(d.optLanguege_0->isChecked(), japaneseChecked);
             QCOMPARE(d.optLanguege_1->isChecked(), !japaneseChecked);
             d.optLanguege_0->click();
+            QCOMPARE(d.comboPortNo->count(), 1);
+            QCOMPARE(d.comboPortNo->currentText(), Msg(5001));
+            QVERIFY(d.findChild<QLabel*>(QStringLiteral("lblSimulatorNote"))->isVisible());
+            QVERIFY(!d.chkPortOccupy->isChecked());
+            d.chkPortOccupy->setChecked(true);
         });
-        QCOMPARE(ProgramState::instance().gLanguageChangePending, japaneseEnabled && !japaneseChecked);
+        QCOMPARE(s.gLanguageChangePending, japaneseEnabled && !japaneseChecked);
+        QCOMPARE(Settings::readText(QStringLiteral("PortOccupy")), QStringLiteral("1"));
+        QVERIFY(s.gPortOccupy);
+        QVERIFY(w.prompter.shown.isEmpty());
     }
 
     void roundingTakenAtClickAndKeptOnCancel()
