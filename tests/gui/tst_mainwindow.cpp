@@ -216,8 +216,7 @@ private slots:
         s.gCommBusy = busy;
         // A sequence waiting for the controller when the window is closed.
         QTimer::singleShot(0, &w, &QWidget::close);
-        const Waiter::Result r = Waiter::waitUntil([] { return false; }, 5000);
-        QCOMPARE(r, Waiter::Result::Aborted);
+        QCOMPARE(Waiter::waitUntil([] { return false; }, 5000), Waiter::Result::Aborted);
         QVERIFY(w.isVisible());
         QCOMPARE(Settings::readText("Languege"), QString());
 
@@ -240,8 +239,7 @@ private slots:
         QVERIFY(w.link().isPortOpen());
         const QRect place = w.window.imgAlarmGreen->geometry();
         w.sim().raiseAlarm("301");
-        QTRY_VERIFY(w.window.imgAlarmLed->isVisible());
-        QVERIFY(!w.window.imgAlarmGreen->isVisible());
+        QTRY_VERIFY(w.window.imgAlarmLed->isVisible() && !w.window.imgAlarmGreen->isVisible());
         QCOMPARE(w.window.lblstatus->text(), QStringLiteral("301: Overload alarm."));
         QCOMPARE(w.prompter.shown.size(), 1);
 
@@ -250,8 +248,7 @@ private slots:
         QTRY_COMPARE(w.window.imgAlarmLed->geometry(), place);
 
         QTest::mouseClick(w.window.opData->cmdRESET, Qt::LeftButton);
-        QVERIFY(w.window.imgAlarmGreen->isVisible());
-        QVERIFY(!w.window.imgAlarmLed->isVisible());
+        QVERIFY(w.window.imgAlarmGreen->isVisible() && !w.window.imgAlarmLed->isVisible());
         QCOMPARE(w.window.imgAlarmGreen->color(), Lamp::Color::Green);
         QTRY_COMPARE(w.window.imgAlarmGreen->geometry(), place);
         QCOMPARE(w.window.lblstatus->text(), QString());
@@ -419,9 +416,7 @@ private slots:
         w.usePrompter(prompter);
         Link& link = w.session().link();
         link.gTimeoutMs = 50;
-        link.setPortNaming([&](int n) {
-            return n == 1 ? first.device() : n == 3 ? third.device() : QString();
-        });
+        link.setPortNaming([&](int n) { return n == 1 ? first.device() : n == 3 ? third.device() : QString(); });
         w.Form_Load();
         QCOMPARE(link.OpenCommPort(), 0);
         QVERIFY(link.isPortOpen());
@@ -442,7 +437,6 @@ private slots:
         withOptionsDialog(w, [&](OptionsDialog& d) { d.comboPortName->setCurrentText(named.device()); });
         QCOMPARE(PortNaming::storedName(), named.device());
         QCOMPARE(w.lblPort->text(), QStringLiteral("Port: %1").arg(named.device()));
-        prompter.clear();
         link.SendRecvCommand(QStringLiteral("0CM"), 6, QStringLiteral("6"));
         QCOMPARE(named.receive(6), QByteArray("0CM6\r\n"));
     }

@@ -253,7 +253,6 @@ private slots:
         QCOMPARE(rig.io.caption, QStringLiteral("Start Monitor"));
         QVERIFY(rig.io.othersEnabled);
         QCOMPARE(rig.lock.calls, (QStringList{"tabs off", "Menyu_Muko", "tabs on", "Menyu_Yuko"}));
-        QVERIFY(!rig.monitor.timerInputOutput1.isActive());
         QVERIFY(!rig.monitor.mIoStopRequest);
         QVERIFY(!rig.monitor.mIoFirstPoll);
         QVERIFY(!rig.port.isOpen());
