@@ -384,30 +384,11 @@ private slots:
         QCOMPARE(result, Waiter::Result::Aborted);
     }
 
-    void emptyPortListFailsWith110()
-    {
-        ScriptedPrompter prompter;
-        MainWindow w;
-        w.usePrompter(prompter);
-        w.session().link().setPortNaming([](int) { return QString(); });
-        w.Form_Load();
-        // A number in range is read again from the store when the dialog opens.
-        ProgramState::instance().gPortNo = 4;
-        Settings::writeInt(QStringLiteral("PortNo"), 5);
-        withOptionsDialog(w, [](OptionsDialog& d) {
-            QCOMPARE(d.comboPortNo->count(), 0);
-            d.chkPortOccupy->setChecked(false);
-        });
-        QCOMPARE(prompter.texts(), QStringList{"Communication port No. is not correct."});
-        QCOMPARE(int(ProgramState::instance().gPortNo), 5);
-        // Only the port is left as it was.
-        QCOMPARE(Settings::readText(QStringLiteral("PortOccupy")), QStringLiteral("0"));
-    }
-
-    // Port 1 is held open; the user picks port 3 and then a device by name.
-    // Each time the old device is let go and the next command goes to the new
-    // one.
-    void newPortReleasesTheOldOne()
+    // With no port to offer, OK says so (110) and only the port is left as
+    // it was. Then port 1 is held open; the user picks port 3 and then a
+    // device by name. Each time the old device is let go and the next
+    // command goes to the new one.
+    void portChoice()
     {
         PtyController first, third, named;
         QVERIFY(!first.device().isEmpty() && !third.device().isEmpty());
@@ -416,11 +397,22 @@ private slots:
         w.usePrompter(prompter);
         Link& link = w.session().link();
         link.gTimeoutMs = 50;
-        link.setPortNaming([&](int n) { return n == 1 ? first.device() : n == 3 ? third.device() : QString(); });
+        link.setPortNaming([](int) { return QString(); });
         w.Form_Load();
+        // A number in range is read again from the store when the dialog opens.
+        ProgramState::instance().gPortNo = 4;
+        Settings::writeInt(QStringLiteral("PortNo"), 1);
+        withOptionsDialog(w, [](OptionsDialog& d) {
+            QCOMPARE(d.comboPortNo->count(), 0);
+            d.chkPortOccupy->setChecked(false);
+        });
+        QCOMPARE(prompter.texts(), QStringList{"Communication port No. is not correct."});
+        QCOMPARE(int(ProgramState::instance().gPortNo), 1);
+        QCOMPARE(Settings::readText(QStringLiteral("PortOccupy")), QStringLiteral("0"));
+
+        link.setPortNaming([&](int n) { return n == 1 ? first.device() : n == 3 ? third.device() : QString(); });
         QCOMPARE(link.OpenCommPort(), 0);
         QVERIFY(link.isPortOpen());
-
         withOptionsDialog(w, [&](OptionsDialog& d) {
             QCOMPARE(d.comboPortNo->count(), 2);
             QCOMPARE(d.comboPortNo->itemText(1), QStringLiteral("COM3  (%1)").arg(third.device()));
