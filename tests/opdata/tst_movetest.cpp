@@ -11,6 +11,7 @@
 
 namespace {
 
+using Replies = QList<QByteArray>;
 const QStringList MoveLocked{"MoveCMDBTN_Muko", "tabs off", "Menyu_Muko", "MoveCMDBTN_Yuko", "tabs on", "Menyu_Yuko"};
 const QStringList HomeLocked{"HOMEBTN_Muko", "tabs off", "Menyu_Muko", "HOMEBTN_Yuko", "tabs on", "Menyu_Yuko"};
 
@@ -121,7 +122,7 @@ private slots:
     void homing_data()
     {
         QTest::addColumn<QByteArray>("reply");   // to the home move
-        QTest::addColumn<QList<QByteArray>>("statuses");
+        QTest::addColumn<Replies>("statuses");
         QTest::addColumn<bool>("blocked");
         QTest::addColumn<bool>("requested");
         QTest::addColumn<bool>("failed");
@@ -130,20 +131,21 @@ private slots:
         const QString givenUp = QStringLiteral("Homing did not finish: the controller stopped part-way (status %1). "
                                                "Remove the cause; an alarm is cleared with the alarm reset.");
         const QByteArray home("0MP00");
-        QTest::newRow("reaches home") << home << QList<QByteArray>{"0RA0", "0RA1"} << false << true << false << "" << "";
-        QTest::newRow("request blocked") << home << QList<QByteArray>{"0RA1"} << true << false << false << "" << "";
-        QTest::newRow("status failure") << home << QList<QByteArray>{"0RA9"} << false << false << false << "" << "";
-        QTest::newRow("alarm") << home << QList<QByteArray>{"0RA0", "0RA3", "0RA3"} << false << false << false
+        QTest::newRow("reaches home") << home << Replies{"0RA0", "0RA1"} << false << true << false << "" << "";
+        QTest::newRow("request blocked") << home << Replies{"0RA1"} << true << false << false << "" << "";
+        QTest::newRow("status failure") << home << Replies{"0RA9"} << false << false << false << "" << "";
+        QTest::newRow("alarm") << home << Replies{"0RA0", "0RA3", "0RA3"} << false << false << false
                                << "cmdSTOP 1" << givenUp.arg(3);
-        QTest::newRow("STOP input") << home << QList<QByteArray>{"0RA2", "0RA2"} << false << false << false
+        QTest::newRow("STOP input") << home << Replies{"0RA2", "0RA2"} << false << false << false
                                     << "cmdSTOP 1" << givenUp.arg(2);
-        QTest::newRow("refused") << QByteArray("0%%0B3") << QList<QByteArray>{} << false << false << true << "cmdHOME 1"
-                                 << "Communication error occurs!\r\nError No.0B3\r\n[Homing refused while an alarm is active.]";
+        QTest::newRow("refused") << QByteArray("0%%0B3") << Replies{} << false << false << true << "cmdHOME 1"
+                                 << "Communication error occurs!\r\nError No.0B3\r\n"
+                                    "[Homing refused while an alarm is active.]";
     }
     void homing()
     {
         QFETCH(QByteArray, reply);
-        QFETCH(QList<QByteArray>, statuses);
+        QFETCH(Replies, statuses);
         QFETCH(bool, blocked);
         QFETCH(QString, offered);
         OpDataRig rig;
@@ -180,10 +182,8 @@ private slots:
         QTest::newRow("inputs 800") << "800" << "00" << QStringList{"imgInputStb"};
         QTest::newRow("inputs A00") << "A00" << "00" << QStringList{"imgInputStb", "imgInputStop"};
         QTest::newRow("inputs 5FF") << "5FF" << "00" << QStringList{};
-        QTest::newRow("outputs 43") << "000" << "43"
-                                    << QStringList{"imgOutputAlm", "imgOutputOut1", "imgOutputOut2"};
-        QTest::newRow("outputs 70") << "000" << "70"
-                                    << QStringList{"imgOutputAlm", "imgOutputRdy", "imgOutputInp"};
+        QTest::newRow("outputs 43") << "000" << "43" << QStringList{"imgOutputAlm", "imgOutputOut1", "imgOutputOut2"};
+        QTest::newRow("outputs 70") << "000" << "70" << QStringList{"imgOutputAlm", "imgOutputRdy", "imgOutputInp"};
         QTest::newRow("outputs 8C") << "000" << "8C" << QStringList{};
     }
     void lamps()
