@@ -1,24 +1,38 @@
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
 #include "common/Waiter.h"
+#include "link/Link.h"
+#include "link/PortNaming.h"
+#include "link/SequenceContext.h"
 #include "opdata/widgets/OpDataPage.h"
 #include "params/widgets/ParaPage.h"
 #include "shell/Settings.h"
+#include "shell/widgets/ControllerSession.h"
 #include "shell/widgets/Lamp.h"
 #include "shell/widgets/MainWindow.h"
+#include "shell/widgets/OptionsDialog.h"
+#include "sim/SimController.h"
+#include "sim/SimSerialPort.h"
+#include "support/PtyController.h"
+#include "support/ScriptedPrompter.h"
 #include "support/TempSettings.h"
 
+#include <QCheckBox>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QGroupBox>
-#include <QRadioButton>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTabWidget>
 #include <QtTest>
 
+#include <functional>
 #include <optional>
+
+#include <sys/resource.h>
 
 namespace {
 
@@ -29,95 +43,118 @@ void setLanguage(qint16 language)
     s.gMsgBase = language == 1 ? 0 : MessageTable::EnglishBase;
 }
 
-QStringList texts(const QComboBox* combo)
+// A wait that spins serves no timer, so no test can end it: QtTest's watchdog
+// ends the run instead, long before ctest's limit.
+[[maybe_unused]] const bool g_watchdog = qputenv("QTEST_FUNCTION_TIMEOUT", "60000");
+
+// Processor time this process has used so far.
+qint64 cpuMs()
 {
-    QStringList out;
-    for (int i = 0; i < combo->count(); ++i)
-        out << combo->itemText(i);
-    return out;
+    rusage use{};
+    getrusage(RUSAGE_SELF, &use);
+    const auto ms = [](const timeval& t) { return qint64(t.tv_sec) * 1000 + t.tv_usec / 1000; };
+    return ms(use.ru_utime) + ms(use.ru_stime);
 }
 
-QString storedOrNothing(const char* key)
+// A window on the built-in virtual controller, loaded, with scripted boxes.
+struct SimWindow {
+    SimWindow() : window(StartupOptions::parse({"ktr-w5", "--simulator"}))
+    {
+        window.usePrompter(prompter);
+        window.Form_Load();
+        window.show();
+    }
+    SimController& sim() { return *window.session().simulator(); }
+    Link& link() { return window.session().link(); }
+
+    ScriptedPrompter prompter;
+    MainWindow window;
+};
+
+// Runs check on the options dialog while the menu item holds it open.
+void withOptionsDialog(MainWindow& w, const std::function<void(OptionsDialog&)>& check)
 {
-    return Settings::readText(QString::fromLatin1(key), QStringLiteral("<none>"));
+    QTimer::singleShot(0, &w, [&] {
+        auto* dialog = qobject_cast<OptionsDialog*>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        check(*dialog);
+        if (dialog->isVisible())
+            dialog->cmdOK->click();
+    });
+    w.mnuOption->trigger();
 }
 
 } // namespace
 
-// The main window's Load and Unload, its menus and its status displays.
+// The main window: its Load and closing, its status displays, its line to
+// the controller (on the built-in virtual controller) with the waits that
+// closing must end, and the options dialog.
 class TestMainWindow : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() { ProgramState::reset(); m_settings.emplace(); }
-    void cleanup() { m_settings.reset(); }
+    void init()
+    {
+        ProgramState::reset();
+        setLanguage(2);
+        m_settings.emplace();
+    }
 
+    void cleanup()
+    {
+        m_settings.reset();
+        Waiter::clearAbort();
+        ProgramState::reset();
+    }
+
+    // The window is placed where stored (in twips); the help contents exist
+    // in Japanese only, and a stored 0 leaves them as built.
     void loadFillsListsAndCaptions_data()
     {
         QTest::addColumn<int>("language");
-        QTest::addColumn<QStringList>("autoDrive");
-        QTest::addColumn<QStringList>("pgFunction");
-        QTest::addColumn<QStringList>("homeOut");
-        QTest::addColumn<QStringList>("autoHome");
-        QTest::addColumn<QStringList>("paraTabs");
-        QTest::addColumn<QStringList>("mainTabs");
-        QTest::addColumn<QStringList>("captions");
-
-        QTest::newRow("English") << 2
-            << QStringList{"0. Drive-ON", "1. Drive-OFF"}
-            << QStringList{"0. No-Encorder", "1. With Encorder"}
-            << QStringList{"0. OUT-OFF", "1. OUT-ON", "2. OUT2-ON", "3. OUT1,2-ON"}
-            << QStringList{"0. Disable", "1. Enable"}
-            << QStringList{"FILE", "CONTROLLER"}
-            << QStringList{"MOVE・EDIT", "Parameters"}
-            << QStringList{"&File", "Save &As...", "Show &Version...", "&Options...", "MOVE", "ALARM RESET",
-                           "Start Monitor", "Verify with C/T", "HOME Parameter", "Logic A(1)", "Alarm"};
-        QTest::newRow("Japanese") << 1
-            << QStringList{"0. ドライブON", "1. ドライブOFF"}
-            << QStringList{"0. エンコーダなし", "1. エンコーダあり"}
-            << QStringList{"0. 出力OFF", "1. 出力ON", "2. OUT2出力ON", "3. OUT1,2出力ON"}
-            << QStringList{"0. 無効", "1. 有効"}
-            << QStringList{"ファイル", "コントローラ"}
-            << QStringList{"運転・編集", "パラメータ"}
-            << QStringList{"ファイル(&F)", "名前を付けて保存(&A)...", "バージョン表示(&V)...", "オプション(&O)...",
-                           "MOVE", "アラームリセット", "モニタ開始", "C/Tと照合", "原点復帰パラメータ", "A接点(1)",
-                           "アラーム"};
+        QTest::addColumn<QStringList>("stored");
+        QTest::addColumn<QPoint>("position");
+        QTest::addColumn<QStringList>("shown");
+        QTest::addColumn<bool>("help");
+        const QStringList english = {"1. Drive-OFF", "1. With Encorder", "3. OUT1,2-ON", "1. Enable", "CONTROLLER",
+                                     "Parameters", "&File", "ALARM RESET", "Verify with C/T", "Logic A(1)", "Alarm"};
+        QTest::newRow("English") << 2 << QStringList{} << QPoint(67, 67) << english << false;
+        QTest::newRow("stored 0") << 0 << QStringList{"3000", "1500"} << QPoint(200, 100) << english << true;
+        QTest::newRow("Japanese") << 1 << QStringList{"1522.5", "0"} << QPoint(102, 0)
+                                  << QStringList{"1. ドライブOFF", "1. エンコーダあり", "3. OUT1,2出力ON", "1. 有効",
+                                                 "コントローラ", "パラメータ", "ファイル(&F)", "アラームリセット",
+                                                 "C/Tと照合", "A接点(1)", "アラーム"} << true;
     }
     void loadFillsListsAndCaptions()
     {
         QFETCH(int, language);
+        QFETCH(QStringList, stored);
         setLanguage(qint16(language));
+        if (!stored.isEmpty()) {
+            Settings::writeText("MainLeft", stored[0]);
+            Settings::writeText("MainTop", stored[1]);
+        }
         MainWindow w;
         w.Form_Load();
-
-        QStringList speeds;
-        for (int v = 30; v >= 1; --v)
-            speeds << QString::number(v);
-        QCOMPARE(texts(w.opData->comboVEL), speeds);
-        QCOMPARE(w.opData->comboVEL->itemData(0).toInt(), 0);
-        QCOMPARE(w.opData->comboVEL->itemData(29).toInt(), 29);
-        QCOMPARE(texts(w.opData->comboACC), (QStringList{"3", "2", "1"}));
-        QCOMPARE(w.opData->comboACC->itemData(2).toInt(), 2);
+        QTEST(w.pos(), "position");
+        const OpDataPage& op = *w.opData;
+        const ParaPage& para = *w.para;
+        QCOMPARE((QStringList{op.comboVEL->itemText(0), op.comboVEL->itemText(29), op.comboACC->itemText(0)}),
+                 (QStringList{"30", "1", "3"}));
         // Both choices show "1"; their values stay empty until the user chooses.
-        const QStringList choices = {w.opData->comboVEL->currentText(), w.opData->comboACC->currentText(),
-                                     w.opData->txtVEL->text(), w.opData->txtACC->text()};
-        QCOMPARE(choices, (QStringList{"1", "1", "", ""}));
-
-        QTEST(texts(w.para->comboAxisAutoDrv), "autoDrive");
-        QTEST(texts(w.para->comboPgFunc), "pgFunction");
-        QTEST(texts(w.para->comboHomeOut), "homeOut");
-        QTEST(texts(w.para->comboAutoHome), "autoHome");
-        QTEST((QStringList{w.para->SSTabPrm->tabText(0), w.para->SSTabPrm->tabText(1)}), "paraTabs");
-        QTEST((QStringList{w.SSTab1->tabText(0), w.SSTab1->tabText(1)}), "mainTabs");
+        QCOMPARE((QStringList{op.comboVEL->currentText(), op.comboACC->currentText(), op.txtVEL->text(),
+                              op.txtACC->text()}),
+                 (QStringList{"1", "1", "", ""}));
         // The size list starts empty and takes the first size of the shipped device list.
-        QCOMPARE(w.para->comboActSize->currentText(), QStringLiteral("28"));
-        QCOMPARE(w.windowTitle(), QStringLiteral("KTR-W5"));
+        QCOMPARE(para.comboActSize->currentText(), QStringLiteral("28"));
         const QStringList shown = {
-            w.mnuFile->title(), w.mnuFileSaveAs->text(), w.mnuShowCtversion->text(),
-            w.mnuOption->text(), w.opData->cmdMOVE->text(), w.opData->cmdRESET->text(),
-            w.opData->cmdIoMonitor->text(), w.para->cmdConpareCT->text(), w.para->framHome->title(),
-            w.para->optEmgLogic_1->text(), w.findChild<QLabel*>("lblAlarm")->text()};
-        QTEST(shown, "captions");
+            para.comboAxisAutoDrv->itemText(1), para.comboPgFunc->itemText(1), para.comboHomeOut->itemText(3),
+            para.comboAutoHome->itemText(1), para.SSTabPrm->tabText(1), w.SSTab1->tabText(1), w.mnuFile->title(),
+            op.cmdRESET->text(), para.cmdConpareCT->text(), para.optEmgLogic_1->text(),
+            w.findChild<QLabel*>("lblAlarm")->text()};
+        QTEST(shown, "shown");
+        QTEST(w.mnuHelpContents->isEnabled(), "help");
+        QCOMPARE(w.windowTitle(), QStringLiteral("KTR-W5"));
 
         // Nothing is left showing its message number.
         for (QAction* a : w.findChildren<QAction*>())
@@ -126,139 +163,39 @@ private slots:
             QVERIFY2(!l->property("tag").isValid() || !l->text().isEmpty(), qPrintable(l->objectName()));
     }
 
-    void helpMenuFollowsLanguage_data()
-    {
-        QTest::addColumn<int>("language");
-        QTest::addColumn<bool>("enabled");
-        QTest::newRow("Japanese") << 1 << true;
-        QTest::newRow("English") << 2 << false;
-        QTest::newRow("stored 0: left as built") << 0 << true;
-    }
-    void helpMenuFollowsLanguage()
-    {
-        QFETCH(int, language);
-        setLanguage(qint16(language));
-        MainWindow w;
-        w.Form_Load();
-        QTEST(w.mnuHelpContents->isEnabled(), "enabled");
-        QVERIFY(w.mnuHelpAbout->isEnabled());
-    }
-
-    void positionFromSettings_data()
-    {
-        QTest::addColumn<QString>("left");
-        QTest::addColumn<QString>("top");
-        QTest::addColumn<QPoint>("position");
-        QTest::newRow("nothing stored") << "" << "" << QPoint(67, 67);
-        QTest::newRow("stored") << "3000" << "1500" << QPoint(200, 100);
-        QTest::newRow("fractional twips") << "1522.5" << "0" << QPoint(102, 0);
-    }
-    void positionFromSettings()
-    {
-        QFETCH(QString, left);
-        QFETCH(QString, top);
-        if (!left.isEmpty()) {
-            Settings::writeText("MainLeft", left);
-            Settings::writeText("MainTop", top);
-        }
-        {
-            MainWindow w;
-            w.Form_Load();
-            QTEST(w.pos(), "position");
-            w.close();
-        }
-        // Only read, never written.
-        QCOMPARE(storedOrNothing("MainLeft"), left.isEmpty() ? QStringLiteral("<none>") : left);
-        QCOMPARE(storedOrNothing("MainTop"), top.isEmpty() ? QStringLiteral("<none>") : top);
-    }
-
-    void loadStepsRunInOrder()
-    {
-        MainWindow w;
-        QStringList steps;
-        w.hooks.loadErrorList = [&] {
-            steps << QStringLiteral("error list");
-            // Captions are on, the lists are not filled yet.
-            QCOMPARE(w.mnuFile->title(), QStringLiteral("ファイル(&F)"));
-            QCOMPARE(w.opData->comboVEL->count(), 0);
-        };
-        w.hooks.loadDeviceList = [&] {
-            steps << QStringLiteral("device list");
-            QCOMPARE(w.opData->comboVEL->count(), 30);
-            QCOMPARE(w.SSTab1->tabText(1), QStringLiteral("パラメータ"));
-            QCOMPARE(w.para->comboActSize->currentIndex(), -1);
-            QVERIFY(w.opData->comboVEL->currentText() != QStringLiteral("1"));
-            w.para->comboActSize->addItems({"28", "35", "42", "SP"});
-        };
-        w.Form_Load();
-        QCOMPARE(steps, (QStringList{"error list", "device list"}));
-        QCOMPARE(w.opData->comboVEL->currentText(), QStringLiteral("1"));
-    }
-
-    // Closing stores the port and the language, switched once when asked,
-    // and closes the other windows.
+    // Closing (twice here) stores the port and the language, switched once
+    // when asked, closes the other windows and leaves the position unwritten.
     void unloadStoresPortAndLanguage_data()
     {
-        QTest::addColumn<int>("portNo");
         QTest::addColumn<int>("language");
         QTest::addColumn<bool>("pending");
-        QTest::addColumn<int>("closes");
-        QTest::addColumn<QString>("storedPort");
-        QTest::addColumn<QString>("storedLanguage");
-
-        QTest::newRow("Japanese, no change") << 1 << 1 << false << 1 << "1" << "1";
-        QTest::newRow("port 4, English") << 4 << 2 << false << 1 << "4" << "2";
-        QTest::newRow("Japanese to English") << 1 << 1 << true << 1 << "1" << "2";
-        QTest::newRow("English to Japanese") << 7 << 2 << true << 1 << "7" << "1";
-        QTest::newRow("closed twice, switched once") << 1 << 1 << true << 2 << "1" << "2";
-        QTest::newRow("stored 0 switched") << 1 << 0 << true << 1 << "1" << "1";
+        QTest::addColumn<QString>("stored");
+        QTest::newRow("English, no change") << 2 << false << "2";
+        QTest::newRow("English to Japanese") << 2 << true << "1";
+        QTest::newRow("Japanese to English") << 1 << true << "2";
+        QTest::newRow("stored 0 switched") << 0 << true << "1";
     }
     void unloadStoresPortAndLanguage()
     {
-        QFETCH(int, portNo);
         QFETCH(int, language);
-        QFETCH(int, closes);
+        QFETCH(bool, pending);
         setLanguage(qint16(language));
         ProgramState& s = ProgramState::instance();
         MainWindow w;
         w.Form_Load();
-        s.gPortNo = qint16(portNo);
-        QFETCH(bool, pending);
+        s.gPortNo = 4;
         s.gLanguageChangePending = pending;
         QWidget other;
         other.show();
-        for (int i = 0; i < closes; ++i) {
+        for (int i = 0; i < 2; ++i) {
             w.show();
             QVERIFY(w.close());
         }
 
-        QTEST(storedOrNothing("PortNo"), "storedPort");
-        QTEST(storedOrNothing("Languege"), "storedLanguage");
+        QCOMPARE(Settings::readText("PortNo"), QStringLiteral("4"));
+        QTEST(Settings::readText("Languege"), "stored");
         QVERIFY(!other.isVisible());
-    }
-
-    void exitMenu_data()
-    {
-        QTest::addColumn<bool>("busy");
-        QTest::newRow("idle") << false;
-        QTest::newRow("transfer running") << true;
-    }
-    void exitMenu()
-    {
-        QFETCH(bool, busy);
-        MainWindow w;
-        w.Form_Load();
-        w.show();
-        int portClosed = 0;
-        w.hooks.closePort = [&] { ++portClosed; };
-        ProgramState::instance().gPortNo = 5;
-        ProgramState::instance().gCommBusy = busy;
-        w.mnuFileExit->trigger();
-
-        QCOMPARE(w.isVisible(), busy);
-        QCOMPARE(portClosed, busy ? 0 : 1);
-        QCOMPARE(storedOrNothing("PortNo"), busy ? QStringLiteral("<none>") : QStringLiteral("5"));
-        ProgramState::instance().gCommBusy = false;
+        QCOMPARE(Settings::readText("MainLeft"), QString());
     }
 
     void closingMidWaitUnwindsFirst_data()
@@ -277,81 +214,279 @@ private slots:
         s.gCommBusy = busy;
         // A sequence waiting for the controller when the window is closed.
         QTimer::singleShot(0, &w, &QWidget::close);
-        const Waiter::Result r = Waiter::waitUntil([] { return false; }, 5000);
-        QCOMPARE(r, Waiter::Result::Aborted);
+        QCOMPARE(Waiter::waitUntil([] { return false; }, 5000), Waiter::Result::Aborted);
         QVERIFY(w.isVisible());
-        QCOMPARE(storedOrNothing("Languege"), QStringLiteral("<none>"));
+        QCOMPARE(Settings::readText("Languege"), QString());
 
         // The sequence unwinds; the window closes by itself.
         s.gCommBusy = false;
         QTRY_VERIFY(!w.isVisible());
-        QCOMPARE(storedOrNothing("Languege"), QStringLiteral("1"));
-        Waiter::clearAbort();
+        QCOMPARE(Settings::readText("Languege"), QStringLiteral("2"));
     }
 
-    void menuItemsClickTheirButtons_data()
+    // The virtual controller is named in the title and the status bar.
+    void alarmOutsideTransactionAndReset()
     {
-        QTest::addColumn<QString>("item");
+        SimWindow w;
+        QCOMPARE(w.window.windowTitle(), QStringLiteral("KTR-W5 - virtual controller (simulator)"));
+        QCOMPARE(w.window.lblPort->text(), QStringLiteral("Port: Simulator"));
+        // Port-occupy keeps the port open after the first command, so the
+        // controller's own alarm line is heard while nothing is sent.
+        w.window.mnuShowCtversion->trigger();
+        QCOMPARE(w.prompter.texts(), QStringList{"The version of this controller is 1.00."});
+        QVERIFY(w.link().isPortOpen());
+        const QRect place = w.window.imgAlarmGreen->geometry();
+        w.sim().raiseAlarm("301");
+        QTRY_VERIFY(w.window.imgAlarmLed->isVisible() && !w.window.imgAlarmGreen->isVisible());
+        QCOMPARE(w.window.lblstatus->text(), QStringLiteral("301: Overload alarm."));
+        QCOMPARE(w.prompter.shown.size(), 1);
+
+        // The red lamp takes the green one's place, so nothing beside it moves.
+        QCOMPARE(w.window.imgAlarmLed->color(), Lamp::Color::Red);
+        QTRY_COMPARE(w.window.imgAlarmLed->geometry(), place);
+
+        QTest::mouseClick(w.window.opData->cmdRESET, Qt::LeftButton);
+        QVERIFY(w.window.imgAlarmGreen->isVisible() && !w.window.imgAlarmLed->isVisible());
+        QCOMPARE(w.window.imgAlarmGreen->color(), Lamp::Color::Green);
+        QTRY_COMPARE(w.window.imgAlarmGreen->geometry(), place);
+        QCOMPARE(w.window.lblstatus->text(), QString());
+        QCOMPARE(w.prompter.shown.size(), 1);
+        QVERIFY(w.window.opData->cmdRESET->isEnabled());
+
+        // File, Exit does nothing while a transfer runs; then it lets go of
+        // the port although port-occupy holds it.
+        ProgramState::instance().gCommBusy = true;
+        w.window.mnuFileExit->trigger();
+        QVERIFY(w.window.isVisible() && w.link().isPortOpen());
+        ProgramState::instance().gCommBusy = false;
+        w.window.mnuFileExit->trigger();
+        QVERIFY(!w.window.isVisible() && !w.link().isPortOpen());
+    }
+
+    // Closing the window (or File, Exit where it acts) while a sequence waits:
+    // the wait ends, the stack unwinds, the window closes and the event loop
+    // returns within a second, without a core spinning meanwhile. The sim
+    // answers at once or at the pace of the line.
+    void closingEndsEveryWait_data()
+    {
         QTest::addColumn<QString>("button");
-        QTest::newRow("open") << "mnuFileOpen" << "cmdFileOpen";
-        QTest::newRow("save") << "mnuFileSave" << "cmdSaveFile";
-        QTest::newRow("save as") << "mnuFileSaveAs" << "cmdSaveFile";
-        QTest::newRow("read") << "mnuFileGetfromCt" << "cmdGetfromCt";
-        QTest::newRow("write") << "mnuFileLoadtoCt" << "cmdLoadtoCt";
-        QTest::newRow("print") << "mnuFilePrint" << "cmdDataPrint";
-    }
-    void menuItemsClickTheirButtons()
-    {
-        QFETCH(QString, item);
-        QFETCH(QString, button);
-        MainWindow w;
-        w.Form_Load();
-        QStringList clicked;
-        // Only the click is looked at here, not the command behind the button.
-        QObject* commands = w.findChild<QObject*>(QStringLiteral("OpDataPageController"));
-        for (QPushButton* b : w.opData->findChildren<QPushButton*>()) {
-            b->disconnect(commands);
-            connect(b, &QPushButton::clicked, this, [&clicked, b] { clicked << b->objectName(); });
+        QTest::addColumn<QString>("silent");
+        QTest::addColumn<QString>("tooLong");
+        QTest::addColumn<bool>("dwell");
+        QTest::addColumn<bool>("exitMenu");
+        QTest::addColumn<bool>("paced");
+        for (const bool paced : {false, true}) {
+            const char* line = paced ? "paced" : "instant";
+            QTest::addRow("reply time-out, %s", line) << "cmdRESET" << "AR" << "" << false << false << paced;
+            // A reply one character too long is followed by "0CM6", whose wait has no time limit.
+            QTest::addRow("untimed resync wait, %s", line) << "cmdRESET" << "CM" << "AR" << false << false << paced;
+            QTest::addRow("I/O monitor, %s", line) << "cmdIoMonitor" << "" << "" << false << false << paced;
+            QTest::addRow("I/O monitor, File Exit, %s", line) << "cmdIoMonitor" << "" << "" << false << true << paced;
+            QTest::addRow("move poll, %s", line) << "cmdMOVE" << "" << "" << false << false << paced;
+            QTest::addRow("dwell, %s", line) << "cmdMOVE" << "" << "" << true << false << paced;
         }
-        w.findChild<QAction*>(item)->trigger();
-        QCOMPARE(clicked, QStringList{button});
+    }
+    void closingEndsEveryWait()
+    {
+        QFETCH(QString, button);
+        QFETCH(QString, silent);
+        QFETCH(QString, tooLong);
+        QFETCH(bool, dwell);
+        QFETCH(bool, exitMenu);
+        QFETCH(bool, paced);
+        SimWindow w;
+        w.window.findChild<SimSerialPort*>()->setPacing(paced);
+        SimFaults faults;
+        faults.silence = CommandMatch::parse(silent).value_or(CommandMatch());
+        faults.extraChar = CommandMatch::parse(tooLong).value_or(CommandMatch());
+        w.sim().setFaults(faults);
+        // A move of eleven seconds, or of a twentieth of a second before a one-minute dwell.
+        w.sim().setTimeScale(dwell ? 0.1 : 20);
+        OpDataPage& page = *w.window.opData;
+        page.optCNT->setChecked(dwell);
+        page.chkTimerUse->setChecked(true);
+        page.txtTimer->setText(QStringLiteral("600"));
+        QTimer::singleShot(0, page.findChild<QPushButton*>(button), &QPushButton::click);
+        QElapsedTimer sinceClose;
+        QTimer::singleShot(600, &w.window, [&] {
+            sinceClose.start();
+            exitMenu ? w.window.mnuFileExit->trigger() : void(w.window.close());
+        });
+
+        QElapsedTimer clock;
+        clock.start();
+        const qint64 cpuBefore = cpuMs();
+        QApplication::exec();
+        const double cpuShare = double(cpuMs() - cpuBefore) / double(qMax<qint64>(1, clock.elapsed()));
+
+        QVERIFY2(sinceClose.elapsed() < 1000, qPrintable(QString::number(sinceClose.elapsed())));
+        QVERIFY(!w.window.isVisible());
+        QVERIFY2(cpuShare < 0.5, qPrintable(QString::number(cpuShare)));
+        QVERIFY(!ProgramState::instance().gCommBusy);
+        QVERIFY(w.prompter.shown.isEmpty());
+        // What a sequence would still ask while unwinding gets "no" at once.
+        if (button != u"cmdIoMonitor")
+            QCOMPARE(w.window.context().prompter.ask(QStringLiteral("?"), Prompter::Buttons::YesNo,
+                                                     Prompter::Icon::Question),
+                     Prompter::Answer::No);
     }
 
-    void portLabel_data()
+    // An alarm part-way through a move or homing: the status polls go on,
+    // STOP (offered for homing once the alarm shows) gives the wait up,
+    // ALARM RESET and the menus come back, and after the reset a move runs
+    // to its end.
+    void stopThenResetAfterAnAlarm_data()
     {
-        QTest::addColumn<QStringList>("args");
-        QTest::addColumn<int>("language");
-        QTest::addColumn<QString>("label");
-        QTest::newRow("numbered port") << QStringList{"ktr-w5"} << 2 << "Port: COM3";
-        QTest::newRow("simulator") << QStringList{"ktr-w5", "--simulator"} << 1 << "通信先：シミュレータ";
-        QTest::newRow("named device") << QStringList{"ktr-w5", "--port", "/dev/ttyUSB1"} << 2
-                                      << "Port: /dev/ttyUSB1";
+        QTest::addColumn<QString>("button");
+        QTest::newRow("move") << "cmdMOVE";
+        QTest::newRow("homing") << "cmdHOME";
     }
-    void portLabel()
+    void stopThenResetAfterAnAlarm()
     {
-        QFETCH(QStringList, args);
-        QFETCH(int, language);
-        setLanguage(qint16(language));
-        ProgramState::instance().gPortNo = 3;
-        MainWindow w(StartupOptions::parse(args));
-        w.Form_Load();
-        QTEST(w.lblPort->text(), "label");
+        QFETCH(QString, button);
+        SimWindow w;
+        OpDataPage& page = *w.window.opData;
+        QList<QByteArray> lines;
+        connect(&w.link(), &Link::lineReceived, &w.window, [&](const QByteArray& line) {
+            lines << line;
+            // Raised between two polls, so that the controller's alarm line is not taken for a reply.
+            if (line == "0RA0" && lines.count(line) == 1)
+                QTimer::singleShot(0, &w.window, [&] { w.sim().raiseAlarm("301"); });
+            if (line == "0RA3" && lines.count(line) == 3)
+                QTimer::singleShot(0, &w.window, [&] { QTest::mouseClick(page.cmdSTOP, Qt::LeftButton); });
+        });
+        // Should STOP not end the wait, this does, late, so the test fails instead of hanging.
+        QTimer::singleShot(5000, &w.window, [] { Waiter::abortAll(); });
+
+        QTest::mouseClick(page.findChild<QPushButton*>(button), Qt::LeftButton);
+        QVERIFY(!Waiter::aborted());
+        QCOMPARE(w.prompter.texts().size(), 1);
+        QVERIFY(w.prompter.lastText().contains("stopped part-way (status 3)"));
+        QVERIFY(page.cmdRESET->isEnabled());
+        QVERIFY(w.window.mnuFileOpen->isEnabled());
+
+        QTest::mouseClick(page.cmdRESET, Qt::LeftButton);
+        QTest::mouseClick(page.cmdMOVE, Qt::LeftButton);
+        QCOMPARE(lines.last(), QByteArray("0RA1"));
+        QCOMPARE(w.prompter.texts().size(), 1);
     }
 
-    // The green lamp takes the red one's place, so nothing beside it moves.
-    void alarmLampsShareOnePlace()
+    // The application ending under a wait (a monitor tick just after the
+    // window closed) ends the wait rather than spinning in it.
+    void quittingEndsAWait()
     {
+        Waiter::Result result = Waiter::Result::Done;
+        QTimer::singleShot(0, [&] { result = Waiter::waitUntil([] { return false; }, 5000); });
+        QTimer::singleShot(50, [] { QCoreApplication::exit(0); });
+        QApplication::exec();
+        QCOMPARE(result, Waiter::Result::Aborted);
+    }
+
+    // With no port to offer, OK says so (110) and only the port is left as
+    // it was. Then port 1 is held open; the user picks port 3 and then a
+    // device by name. Each time the old device is let go and the next
+    // command goes to the new one.
+    void portChoice()
+    {
+        PtyController first, third, named;
+        QVERIFY(!first.device().isEmpty() && !third.device().isEmpty());
+        ScriptedPrompter prompter;
         MainWindow w;
+        w.usePrompter(prompter);
+        Link& link = w.session().link();
+        link.gTimeoutMs = 50;
+        link.setPortNaming([](int) { return QString(); });
         w.Form_Load();
-        w.show();
-        QVERIFY(w.imgAlarmGreen->isVisible() && !w.imgAlarmLed->isVisible());
-        w.alarms().showAlarm(true);
-        QCOMPARE(w.imgAlarmLed->color(), Lamp::Color::Red);
-        QTRY_VERIFY(w.imgAlarmLed->geometry().isValid());
-        const QRect place = w.imgAlarmLed->geometry();
-        w.alarms().showAlarm(false);
-        QCOMPARE(w.imgAlarmGreen->color(), Lamp::Color::Green);
-        QTRY_COMPARE(w.imgAlarmGreen->geometry(), place);
+        // A number in range is read again from the store when the dialog opens.
+        ProgramState::instance().gPortNo = 4;
+        Settings::writeInt(QStringLiteral("PortNo"), 1);
+        withOptionsDialog(w, [](OptionsDialog& d) {
+            QCOMPARE(d.comboPortNo->count(), 0);
+            d.chkPortOccupy->setChecked(false);
+        });
+        QCOMPARE(prompter.texts(), QStringList{"Communication port No. is not correct."});
+        QCOMPARE(int(ProgramState::instance().gPortNo), 1);
+        QCOMPARE(Settings::readText(QStringLiteral("PortOccupy")), QStringLiteral("0"));
+
+        link.setPortNaming([&](int n) { return n == 1 ? first.device() : n == 3 ? third.device() : QString(); });
+        QCOMPARE(link.OpenCommPort(), 0);
+        QVERIFY(link.isPortOpen());
+        withOptionsDialog(w, [&](OptionsDialog& d) {
+            QCOMPARE(d.comboPortNo->count(), 2);
+            QCOMPARE(d.comboPortNo->itemText(1), QStringLiteral("COM3  (%1)").arg(third.device()));
+            d.comboPortNo->setCurrentIndex(1);
+        });
+        QCOMPARE(int(ProgramState::instance().gPortNo), 3);
+        QVERIFY(!link.isPortOpen());
+        QCOMPARE(w.lblPort->text(), QStringLiteral("Port: COM3"));
+        QCOMPARE(link.OpenCommPort(), 0);
+        link.SendRecvCommand(QStringLiteral("0CM"), 6, QStringLiteral("6"));
+        QCOMPARE(third.receive(6), QByteArray("0CM6\r\n"));
+        QVERIFY(first.receive(1, 0).isEmpty());
+
+        withOptionsDialog(w, [&](OptionsDialog& d) { d.comboPortName->setCurrentText(named.device()); });
+        QCOMPARE(PortNaming::storedName(), named.device());
+        QCOMPARE(w.lblPort->text(), QStringLiteral("Port: %1").arg(named.device()));
+        link.SendRecvCommand(QStringLiteral("0CM"), 6, QStringLiteral("6"));
+        QCOMPARE(named.receive(6), QByteArray("0CM6\r\n"));
+    }
+
+    void languageChoice_data()
+    {
+        QTest::addColumn<bool>("foreign");
+        QTest::addColumn<int>("language");
+        QTest::addColumn<bool>("japaneseEnabled");
+        QTest::addColumn<bool>("japaneseChecked");
+        QTest::newRow("foreign system") << true << 2 << false << false;
+        QTest::newRow("Japanese system, English") << false << 2 << true << false;
+        QTest::newRow("Japanese system, Japanese") << false << 1 << true << true;
+    }
+    // On OK the other language is asked for, to be taken at the next start,
+    // and port-occupy is stored. On the virtual controller the port list
+    // names it alone.
+    void languageChoice()
+    {
+        QFETCH(bool, foreign);
+        QFETCH(int, language);
+        QFETCH(bool, japaneseEnabled);
+        QFETCH(bool, japaneseChecked);
+        ProgramState& s = ProgramState::instance();
+        s.gForeignOs = foreign;
+        s.gPortOccupy = false;
+        setLanguage(qint16(language));
+        SimWindow w;
+        withOptionsDialog(w.window, [&](OptionsDialog& d) {
+            QCOMPARE(d.optLanguege_0->isEnabled(), japaneseEnabled);
+            QCOMPARE(d.optLanguege_0->isChecked(), japaneseChecked);
+            QCOMPARE(d.optLanguege_1->isChecked(), !japaneseChecked);
+            d.optLanguege_0->click();
+            QCOMPARE(d.comboPortNo->count(), 1);
+            QCOMPARE(d.comboPortNo->currentText(), Msg(5001));
+            QVERIFY(d.findChild<QLabel*>(QStringLiteral("lblSimulatorNote"))->isVisible());
+            QVERIFY(!d.chkPortOccupy->isChecked());
+            d.chkPortOccupy->setChecked(true);
+        });
+        QCOMPARE(s.gLanguageChangePending, japaneseEnabled && !japaneseChecked);
+        QCOMPARE(Settings::readText(QStringLiteral("PortOccupy")), QStringLiteral("1"));
+        QVERIFY(s.gPortOccupy);
+        QVERIFY(w.prompter.shown.isEmpty());
+    }
+
+    void roundingTakenAtClickAndKeptOnCancel()
+    {
+        SimWindow w;
+        ProgramState& s = ProgramState::instance();
+        withOptionsDialog(w.window, [&](OptionsDialog& d) {
+            QVERIFY(d.optSutiSyori_0->isChecked());
+            QVERIFY(d.framDispUnit->isHidden());
+            d.SSTabOption->setCurrentIndex(1);
+            d.optSutiSyori_1->click();
+            QVERIFY(!s.gMmRoundUp);
+            d.optDispPos_1->setChecked(true);
+            d.cmdCancel->click();
+        });
+        QVERIFY(!s.gMmRoundUp);
+        QVERIFY(s.gDispMmUnit);
     }
 
 private:

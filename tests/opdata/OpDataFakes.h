@@ -73,14 +73,7 @@ public:
     void setMonitorCaption(const QString& text) override { caption = text; }
     void setOtherCommandsEnabled(bool on) override { othersEnabled = on; }
 
-    QStringList lit() const
-    {
-        QStringList out;
-        for (IoLamp lamp : AllIoLamps)
-            if (lamps.value(IoBits::objectName(lamp)))
-                out << IoBits::objectName(lamp);
-        return out;
-    }
+    int lit() const { return int(lamps.values().count(true)); }
 
     QHash<QString, bool> lamps;
     QString caption;
