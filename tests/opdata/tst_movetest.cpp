@@ -217,6 +217,34 @@ private slots:
         QVERIFY2(rig.monitor.mIoRunning, "the monitor goes on reading");
     }
 
+    // Stopped while a read waits for its reply: the other commands come back
+    // only after the mode switch back, and the button does nothing meanwhile.
+    void commandsComeBackAfterTheMonitorHasLeftItsMode()
+    {
+        MonitorRig rig("800", "70");
+        rig.port.answer("0RI", {"0RI800\r\n"}, 300);
+        rig.answer("0RO", "0RO70");
+        rig.answer("0CM0", "0CM0");
+        bool othersWhileStopping = true;
+        QStringList lockWhileStopping;
+        QObject::connect(&rig.link, &Link::frameSent, [&] {
+            if (rig.port.frames.size() != 4)
+                return;
+            rig.monitor.toggle();
+            rig.monitor.toggle();
+            othersWhileStopping = rig.io.othersEnabled;
+            lockWhileStopping = rig.lock.calls;
+        });
+        rig.monitor.start();
+        QTRY_VERIFY(!rig.monitor.mIoRunning);
+        QVERIFY(!othersWhileStopping);
+        QCOMPARE(lockWhileStopping, (QStringList{"tabs off", "Menyu_Muko"}));
+        QCOMPARE(rig.frames(), (QStringList{"0CM7", "0RI", "0RO", "0RI", "0RO", "0CM0"}));
+        QCOMPARE(rig.io.caption, QStringLiteral("Start Monitor"));
+        QVERIFY(rig.io.othersEnabled);
+        QCOMPARE(rig.lock.calls.mid(2), (QStringList{"tabs on", "Menyu_Yuko"}));
+    }
+
     // However the monitor ends (the user, a refused mode switch, a refused
     // read), it ends stopped: lamps off, the commands back, no more polls.
     void monitorEndsStopped_data()
