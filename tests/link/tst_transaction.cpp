@@ -107,35 +107,6 @@ private slots:
         QCOMPARE(rig.alarms.status, told.isEmpty() ? QStringLiteral(" ") : QStringLiteral("Overload alarm."));
     }
 
-    // The port is released unless it is held for the run; either way the
-    // next transaction finds it open.
-    void timeOut_data()
-    {
-        QTest::addColumn<bool>("occupy");
-        QTest::newRow("port released") << false;
-        QTest::newRow("port kept open") << true;
-    }
-    void timeOut()
-    {
-        QFETCH(bool, occupy);
-        LinkRig rig;
-        ProgramState::instance().gPortOccupy = occupy;
-        QElapsedTimer clock;
-        clock.start();
-
-        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
-
-        QVERIFY(clock.elapsed() >= 90);
-        QVERIFY(rig.link.gCommError);
-        QVERIFY(rig.link.gTimedOut);
-        QCOMPARE(rig.prompter.texts(), QStringList{TimeoutText});
-        QCOMPARE(rig.link.isPortOpen(), occupy);
-        rig.port.answer("0RA", "0RA1\r\n");
-        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 0);
-        QCOMPARE(rig.port.opened.size(), occupy ? 1 : 2);
-        QVERIFY(!rig.link.gCommError);
-    }
-
     // Each reply is judged in turn; the last one's box is checked. Without
     // a hit the box shows the text of the last code that was found.
     void errorReply_data()
@@ -185,26 +156,36 @@ private slots:
         QVERIFY(rig.prompter.shown.isEmpty());
     }
 
-    // A reply of the wrong length or echo: "0CM6" is sent, and its answer
-    // decides what is told (none within the time-out after a wrong echo).
-    void resynchronisation_data()
+    // No reply, or one of the wrong length or echo, after which "0CM6" is
+    // sent and its answer decides what is told (none within the time-out
+    // after a wrong echo). The port is released unless an error reply came
+    // or it is held for the run, and the next request finds it open.
+    void failures_data()
     {
         QTest::addColumn<QByteArray>("reply");
         QTest::addColumn<QByteArray>("checkAnswer");
+        QTest::addColumn<bool>("occupy");
         QTest::addColumn<QString>("told");
         QTest::addColumn<bool>("portOpen");
-        QTest::newRow("wrong length") << QByteArray("0RA12\r\n") << QByteArray("0CM6\r\n") << LengthText << false;
-        QTest::newRow("check answered with an error") << QByteArray("0RA12\r\n") << QByteArray("0%%101\r\n")
+        const QByteArray none;
+        QTest::newRow("time-out") << none << none << false << TimeoutText << false;
+        QTest::newRow("time-out, port held") << none << none << true << TimeoutText << true;
+        QTest::newRow("wrong length") << QByteArray("0RA12\r\n") << QByteArray("0CM6\r\n") << false << LengthText << false;
+        QTest::newRow("wrong length, port held") << QByteArray("0RA12\r\n") << QByteArray("0CM6\r\n") << true << LengthText << true;
+        QTest::newRow("check answered with an error") << QByteArray("0RA12\r\n") << QByteArray("0%%101\r\n") << false
                                                       << UnknownText << true;
-        QTest::newRow("wrong echo, no answer") << QByteArray("0RD1\r\n") << QByteArray() << LengthText << false;
+        QTest::newRow("wrong echo, no answer") << QByteArray("0RD1\r\n") << none << false << LengthText << false;
     }
-    void resynchronisation()
+    void failures()
     {
         QFETCH(QByteArray, reply);
         QFETCH(QByteArray, checkAnswer);
+        QFETCH(bool, occupy);
         QFETCH(bool, portOpen);
         LinkRig rig;
-        rig.port.answer("0RA", reply);
+        ProgramState::instance().gPortOccupy = occupy;
+        if (!reply.isEmpty())
+            rig.port.answer("0RA", reply);
         if (!checkAnswer.isEmpty())
             rig.port.answer("0CM6", checkAnswer);
         QElapsedTimer clock;
@@ -213,12 +194,16 @@ private slots:
         QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
 
         QVERIFY(clock.elapsed() < 2000);
-        QCOMPARE(rig.port.frames, (Frames{"0RA", "0CM6"}));
+        QCOMPARE(rig.port.frames, (reply.isEmpty() ? Frames{"0RA"} : Frames{"0RA", "0CM6"}));
         QFETCH(QString, told);
         QCOMPARE(rig.prompter.texts(), QStringList{told});
-        QCOMPARE(rig.link.gCommError, !portOpen);
+        QCOMPARE(rig.link.gCommError, told != UnknownText); // an error reply is an answer
         QCOMPARE(rig.link.isPortOpen(), portOpen);
         QVERIFY(!rig.link.gAbortWait);
+        rig.port.answer("0RA", "0RA1\r\n");
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 0);
+        QCOMPARE(rig.port.opened.size(), portOpen ? 1 : 2);
+        QVERIFY(!rig.link.gCommError);
     }
 
     // Closing the program ends a reply wait at once, also the one without
