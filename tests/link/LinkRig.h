@@ -31,12 +31,11 @@ struct LinkRig {
 
     bool loadErrors(const QByteArray& content)
     {
-        const QString path = dir.filePath(QStringLiteral("errors.lst"));
-        QFile file(path);
-        file.open(QIODevice::WriteOnly | QIODevice::Truncate);
-        file.write(content);
+        QFile file(dir.filePath(QStringLiteral("errors.lst")));
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+            return false;
         file.close();
-        return errors.load(path);
+        return errors.load(file.fileName());
     }
 
     TempSettings settings;

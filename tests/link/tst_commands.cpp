@@ -73,8 +73,6 @@ private slots:
         QTest::newRow("0WE") << ROUTINE(EndParaWrite()) << QByteArray("0WE") << QByteArray("0WE\r\n") << 5000;
         QTest::newRow("0WF") << ROUTINE(EndParaWriteAlt()) << QByteArray("0WF") << QByteArray("0WF\r\n") << 5000;
         QTest::newRow("0RP") << ROUTINE(ReadPosition(1)) << QByteArray("0RP01") << QByteArray("0RP01012C100000000C01\r\n") << 5000;
-        QTest::newRow("0RP beyond two digits sends X")
-            << ROUTINE(ReadPosition(256)) << QByteArray("0RPX") << QByteArray("0RP01012C100000000C01\r\n") << 5000;
         QTest::newRow("0WP") << ROUTINE(WritePosition("01012C100000000C01")) << QByteArray("0WP01012C100000000C01")
                              << QByteArray("0WP01\r\n") << 5000;
         QTest::newRow("0WA") << ROUTINE(EndPositionWrite()) << QByteArray("0WA0101") << QByteArray("0WA\r\n") << 5000;

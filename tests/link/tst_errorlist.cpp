@@ -91,31 +91,6 @@ private slots:
         QCOMPARE(rig.errors.find(QStringLiteral("11")).value_or(ErrorList::Entry{}).text, text);
     }
 
-    // The key is the first and last character of the code.
-    void errorCheck_data()
-    {
-        QTest::addColumn<QString>("reply");
-        QTest::addColumn<bool>("found");
-        QTest::addColumn<QString>("status");
-        QTest::newRow("middle character ignored") << "0%%1Z1\r\n" << true << "Unknown command.";
-        QTest::newRow("letter in the middle") << "0%%0B3\r\n" << true << "Homing refused.";
-        QTest::newRow("short line") << "0%%1\r\n" << false << "No error information in the error List";
-    }
-    void errorCheck()
-    {
-        QFETCH(QString, reply);
-        QFETCH(QString, status);
-        LinkRig rig;
-        rig.link.gReply = reply;
-
-        rig.link.ErrorCheck();
-
-        QTEST(rig.link.gErrorFound, "found");
-        QVERIFY(rig.alarms.alarm);
-        QCOMPARE(rig.alarms.status, status);
-        QVERIFY(rig.prompter.shown.isEmpty());
-    }
-
     // The shipped lists name every code the controller sends, once.
     void shippedLists_data()
     {

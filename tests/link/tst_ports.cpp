@@ -81,20 +81,6 @@ private slots:
         QCOMPARE(rig.port.lastSettings, QStringLiteral("9600,N,8,1"));
     }
 
-    void trialOutsideScanRangeReadsSetting()
-    {
-        LinkRig rig;
-        Settings::writeText(QStringLiteral("PortNo"), QStringLiteral("6"));
-        QCOMPARE(rig.link.TryOpenPort(33), 0);
-        rig.link.ClosePortNow();
-        QCOMPARE(rig.link.TryOpenPort(0), 0);
-        QCOMPARE(rig.port.opened, (QStringList{"port6", "port6"}));
-        rig.link.ClosePortNow();
-        rig.port.setRefuseAll(true);
-        QCOMPARE(rig.link.TryOpenPort(32), 1);
-        QVERIFY(rig.prompter.shown.isEmpty());
-    }
-
     void scanTriesEveryPortInOrder()
     {
         LinkRig rig;
