@@ -5,14 +5,10 @@
 
 #include "KtrctlProcess.h"
 #include "common/ProgramState.h"
-#include "link/ErrorList.h"
-#include "link/Link.h"
+#include "link/LinkRig.h"
 #include "link/QtSerialPort.h"
 #include "support/PtyController.h"
-#include "support/RecordingAlarmDisplay.h"
-#include "support/ScriptedPrompter.h"
 #include "support/SimProcess.h"
-#include "support/TempSettings.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -54,28 +50,16 @@ QByteArray changedParaFile()
         .replace('|', "\r\n");
 }
 
-// A link on the program's serial adapter, English messages, the shipped
-// error list, the port held open for the run.
-struct PtyLink {
+// The link rig on the program's serial adapter, with the shipped error
+// list and the port held open for the run.
+struct PtyLink : LinkRig<QtSerialPort> {
     explicit PtyLink(const QString& device)
     {
-        ProgramState::reset();
-        ProgramState& state = ProgramState::instance();
-        state.gLanguage = 2;
-        state.gMsgBase = 10000;
-        state.gPortOccupy = true;
+        ProgramState::instance().gPortOccupy = true;
         errors.Get_ErrorList(prompter);
         link.setPortName(device);
         link.gTimeoutMs = 300;
     }
-    ~PtyLink() { ProgramState::reset(); }
-
-    TempSettings settings;
-    QtSerialPort port;
-    ScriptedPrompter prompter;
-    RecordingAlarmDisplay alarms;
-    ErrorList errors;
-    Link link{port, prompter, alarms, errors};
 };
 
 // A controller played by the test, reached under a name of its own that

@@ -12,9 +12,10 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-// A link on a scripted port, with an error list of a few codes, English
-// messages, numbered ports named "port<n>", port-occupy off and a short
-// time-out.
+// A link on a port (a scripted one unless another is given), with an error
+// list of a few codes, English messages, numbered ports named "port<n>",
+// port-occupy off and a short time-out.
+template <typename Port = FakeSerialPort>
 struct LinkRig {
     LinkRig()
     {
@@ -40,7 +41,7 @@ struct LinkRig {
 
     TempSettings settings;
     QTemporaryDir dir;
-    FakeSerialPort port;
+    Port port;
     ScriptedPrompter prompter;
     RecordingAlarmDisplay alarms;
     ErrorList errors;

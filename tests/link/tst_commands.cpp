@@ -31,7 +31,7 @@ public:
 };
 
 // A link rig with everything a sequence needs.
-struct SequenceRig : LinkRig {
+struct SequenceRig : LinkRig<> {
     CommandSet commands{link};
     RecordingLock lock;
     ProgressDisplay progress;
