@@ -218,55 +218,44 @@ private slots:
         QVERIFY(rig.page().cmdMOVE->isEnabled());
     }
 
-    void progressBarOverStatusBar()
-    {
-        MainWindow w;
-        w.Form_Load();
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        QVERIFY(!w.ProgressBar1->isVisible());
-
-        w.progress().Disp_ProgressBar(4);
-        QVERIFY(w.ProgressBar1->isVisible());
-        QCOMPARE(w.ProgressBar1->parentWidget(), static_cast<QWidget*>(w.sbStatusBar));
-        QCOMPARE(w.ProgressBar1->maximum(), 4);
-        QCOMPARE(w.ProgressBar1->value(), 0);
-        // Beside the port text, which stays readable.
-        const QRect bar = w.ProgressBar1->geometry();
-        QVERIFY(w.lblPort->isVisible() && bar.left() > w.lblPort->geometry().right());
-        QCOMPARE(bar, QRect(bar.left(), 2, w.sbStatusBar->width() - bar.left(), w.sbStatusBar->height() - 2));
-
-        w.progress().setProgress(3);
-        w.resize(w.width() + 100, w.height());
-        QTRY_COMPARE(w.ProgressBar1->geometry().right(), w.sbStatusBar->width() - 1);
-
-        w.progress().Hide_ProgressBar();
-        QVERIFY(!w.ProgressBar1->isVisible());
-        QCOMPARE(w.ProgressBar1->value(), 0);
-    }
-
-    void transferWindow()
+    // The bar shows in the status bar beside the port text, which stays
+    // readable; the transfer window cannot be closed while it shows.
+    void progressDisplays()
     {
         ProgramState::instance().gMsgBase = MessageTable::EnglishBase;
         MainWindow w;
         w.Form_Load();
         w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
         auto& progress = static_cast<MainWindowProgress&>(w.progress());
+        QVERIFY(!w.ProgressBar1->isVisible());
+
+        progress.Disp_ProgressBar(4);
+        QVERIFY(w.ProgressBar1->isVisible());
+        QCOMPARE(w.ProgressBar1->parentWidget(), static_cast<QWidget*>(w.sbStatusBar));
+        QCOMPARE(w.ProgressBar1->maximum(), 4);
+        QCOMPARE(w.ProgressBar1->value(), 0);
+        const QRect bar = w.ProgressBar1->geometry();
+        QVERIFY(w.lblPort->isVisible() && bar.left() > w.lblPort->geometry().right());
+        QCOMPARE(bar, QRect(bar.left(), 2, w.sbStatusBar->width() - bar.left(), w.sbStatusBar->height() - 2));
+        progress.setProgress(3);
+        w.resize(w.width() + 100, w.height());
+        QTRY_COMPARE(w.ProgressBar1->geometry().right(), w.sbStatusBar->width() - 1);
+        progress.Hide_ProgressBar();
+        QVERIFY(!w.ProgressBar1->isVisible());
+        QCOMPARE(w.ProgressBar1->value(), 0);
+
         progress.showTransfer(Msg(383), 7);
         TransferWindow* t = progress.transferWindow();
         QVERIFY(t && t->isVisible());
         QCOMPARE(t->windowTitle(), QStringLiteral("Communicating"));
         QCOMPARE(t->ProgressBar1->maximum(), 7);
-        QCOMPARE(t->ProgressBar1->value(), 0);
         progress.setTransferProgress(5);
         QCOMPARE(t->ProgressBar1->value(), 5);
-
-        // The user cannot close it while the transfer runs.
         t->close();
         QVERIFY(t->isVisible());
         progress.hideTransfer();
         QVERIFY(!t->isVisible());
-
         progress.showTransfer(Msg(368), 3);
         QCOMPARE(t->ProgressBar1->value(), 0);
         QCOMPARE(t->lblMessage->text(), QStringLiteral("Reading data from controller..."));
