@@ -2,10 +2,7 @@
 
 #include "link/LineSettings.h"
 #include "link/PortNaming.h"
-#include "link/QtSerialPort.h"
 #include "shell/Settings.h"
-
-#include "support/PtyController.h"
 
 #include <QTest>
 
@@ -102,17 +99,6 @@ private slots:
             QCOMPARE(rig.link.portAvailable(n), n == 2 || n == 7);
         QVERIFY(!rig.link.isPortOpen());
         QVERIFY(rig.prompter.shown.isEmpty());
-    }
-
-    void serialPortRefusesBadSettingsAndMissingDevice()
-    {
-        PtyController controller;
-        QtSerialPort port;
-        QVERIFY(!port.open(controller.device(), QStringLiteral("9600,Q,8,1")));
-        QVERIFY(!port.isOpen());
-        QVERIFY(port.errorString().contains(QStringLiteral("9600,Q,8,1")));
-        QVERIFY(!port.open(QStringLiteral("/dev/ktr-no-such-device"), QStringLiteral("9600,N,8,1")));
-        QVERIFY(!port.errorString().isEmpty());
     }
 };
 

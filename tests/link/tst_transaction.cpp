@@ -116,7 +116,6 @@ private slots:
         QTest::addColumn<QString>("told");
         QTest::addColumn<QString>("status");
         const QString none = QStringLiteral("No error information in the error List");
-        QTest::newRow("in the list") << 10000 << Frames{"0%%101\r\n"} << UnknownText << "Unknown command.";
         QTest::newRow("in Japanese") << 0 << Frames{"0%%101\r\n"}
                                      << "エラーが発生しました！\r\nエラー番号：101\r\n[Unknown command.]" << "Unknown command.";
         QTest::newRow("not in the list") << 10000 << Frames{"0%%999\r\n"} << "Communication error occurs!\r\n[]" << none;
