@@ -107,7 +107,6 @@ private slots:
         QTest::newRow("3") << QByteArray("0RA3\r\n") << 3;
         QTest::newRow("5 is not a status") << QByteArray("0RA5\r\n") << -1;
         QTest::newRow("letter") << QByteArray("0RAA\r\n") << -1;
-        QTest::newRow("error reply") << QByteArray("0%%101\r\n") << -1;
     }
     void runStatus()
     {
