@@ -5,14 +5,10 @@
 
 #include "KtrctlProcess.h"
 #include "common/ProgramState.h"
-#include "link/ErrorList.h"
-#include "link/Link.h"
+#include "link/LinkRig.h"
 #include "link/QtSerialPort.h"
 #include "support/PtyController.h"
-#include "support/RecordingAlarmDisplay.h"
-#include "support/ScriptedPrompter.h"
 #include "support/SimProcess.h"
-#include "support/TempSettings.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -31,57 +27,39 @@ const QString PortLost = QStringLiteral("The device of the communication port ha
                                         "adapter unplugged?).\r\nThe port has been released; the next command opens it again.");
 
 // What ktrctl told its user: stderr without the lines of --trace.
-QStringList toldLines(const QString& err)
+QString told(const QString& err)
 {
-    QStringList told;
-    for (const QString& line : err.split(u'\n'))
-        if (!line.startsWith(u'+'))
-            told << line;
-    return told;
+    QStringList lines = err.split(u'\n');
+    lines.removeIf([](const QString& line) { return line.startsWith(u'+'); });
+    return lines.join(u'\n');
 }
 
 // The messages as ktrctl prints them: every line ended by LF.
-QStringList expectedLines(const QStringList& messages)
+QString printed(const QStringList& messages)
 {
-    return messages.join(QStringLiteral("\r\n")).split(QStringLiteral("\r\n")) + QStringList{QString()};
+    return messages.join(u'\n').replace(QStringLiteral("\r\n"), QStringLiteral("\n")) + u'\n';
 }
 
 // The factory parameter set of the virtual controller with VEL 33 instead
 // of 10, as a parameter file.
 QByteArray changedParaFile()
 {
-    const QStringList lines{"\"QM-KTR\",\"PRM\"", "6",
-                            "\"HOME\",5,1", "30", "30", "33", "10", "10",
-                            "\"AXIS\",7,1", "65535", "2", "400", "0", "20", "2", "\"28L100\"",
-                            "\"PG\",2,1", "0", "1000",
-                            "\"ETC\",8,1", "0", "2", "1000", "2000", "10", "5", "1", "20",
-                            "\"SPECIAL\",6,1", "10", "0", "10", "0", "0", "0",
-                            "\"RESERVED\",7,1", "0", "0", "0", "0", "0", "0", "0"};
-    return lines.join(QStringLiteral("\r\n")).toLatin1() + "\r\n";
+    return QByteArray("\"QM-KTR\",\"PRM\"|6|\"HOME\",5,1|30|30|33|10|10|\"AXIS\",7,1|65535|2|400|0|20|2|\"28L100\"|"
+                      "\"PG\",2,1|0|1000|\"ETC\",8,1|0|2|1000|2000|10|5|1|20|\"SPECIAL\",6,1|10|0|10|0|0|0|"
+                      "\"RESERVED\",7,1|0|0|0|0|0|0|0|")
+        .replace('|', "\r\n");
 }
 
-// A link on the program's serial adapter, English messages, the shipped
-// error list, the port held open for the run.
-struct PtyLink {
+// The link rig on the program's serial adapter, with the shipped error
+// list and the port held open for the run.
+struct PtyLink : LinkRig<QtSerialPort> {
     explicit PtyLink(const QString& device)
     {
-        ProgramState::reset();
-        ProgramState& state = ProgramState::instance();
-        state.gLanguage = 2;
-        state.gMsgBase = 10000;
-        state.gPortOccupy = true;
+        ProgramState::instance().gPortOccupy = true;
         errors.Get_ErrorList(prompter);
         link.setPortName(device);
         link.gTimeoutMs = 300;
     }
-    ~PtyLink() { ProgramState::reset(); }
-
-    TempSettings settings;
-    QtSerialPort port;
-    ScriptedPrompter prompter;
-    RecordingAlarmDisplay alarms;
-    ErrorList errors;
-    Link link{port, prompter, alarms, errors};
 };
 
 // A controller played by the test, reached under a name of its own that
@@ -181,7 +159,7 @@ private slots:
 
         QCOMPARE(run.exitCode, 1);
         QVERIFY(run.out.isEmpty());
-        QCOMPARE(toldLines(run.err), expectedLines(messages));
+        QCOMPARE(told(run.err), printed(messages));
         QVERIFY(sentFrames(run.err).last().startsWith(inFlight.mid(2)));
         QVERIFY2(clock.elapsed() < 8000, QByteArray::number(clock.elapsed()));
     }
@@ -277,7 +255,7 @@ private slots:
         const CtlRun write = KtrctlProcess::run({"--port", sim.devicePath(), "--trace", "params", "write", file});
         QCOMPARE(write.exitCode, 1);
         QVERIFY(write.out.isEmpty());
-        QCOMPARE(toldLines(write.err), expectedLines({TimedOut, WriteFailed}));
+        QCOMPARE(told(write.err), printed({TimedOut, WriteFailed}));
         QVERIFY(sentFrames(write.err).last().startsWith(lastFrame));
 
         const CtlRun verify = KtrctlProcess::run({"--port", sim.devicePath(), "params", "verify", file});

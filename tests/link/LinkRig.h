@@ -12,9 +12,10 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-// A link on a scripted port, with an error list of a few codes, English
-// messages, numbered ports named "port<n>", port-occupy off and a short
-// time-out.
+// A link on a port (a scripted one unless another is given), with an error
+// list of a few codes, English messages, numbered ports named "port<n>",
+// port-occupy off and a short time-out.
+template <typename Port = FakeSerialPort>
 struct LinkRig {
     LinkRig()
     {
@@ -31,17 +32,16 @@ struct LinkRig {
 
     bool loadErrors(const QByteArray& content)
     {
-        const QString path = dir.filePath(QStringLiteral("errors.lst"));
-        QFile file(path);
-        file.open(QIODevice::WriteOnly | QIODevice::Truncate);
-        file.write(content);
+        QFile file(dir.filePath(QStringLiteral("errors.lst")));
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+            return false;
         file.close();
-        return errors.load(path);
+        return errors.load(file.fileName());
     }
 
     TempSettings settings;
     QTemporaryDir dir;
-    FakeSerialPort port;
+    Port port;
     ScriptedPrompter prompter;
     RecordingAlarmDisplay alarms;
     ErrorList errors;

@@ -56,72 +56,26 @@ private slots:
         QVERIFY(!rig.errors.find(QStringLiteral("003")));
     }
 
-    // Start-up reads the list of the language beside the program; without
-    // it, messages 30 and 31 say so.
-    void startUp_data()
+    // Without the list beside the program, messages 30 and 31 say so.
+    void startUpWithoutAList()
     {
-        QTest::addColumn<int>("msgBase");
-        QTest::addColumn<bool>("present");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("Japanese") << 0 << true << "日本語";
-        QTest::newRow("English") << 10000 << true << "English";
-        QTest::newRow("no list") << 10000 << false << "";
-    }
-    void startUp()
-    {
-        QFETCH(int, msgBase);
-        QFETCH(bool, present);
-        QFETCH(QString, text);
         LinkRig rig;
-        ProgramState::instance().gMsgBase = msgBase;
         DataFiles::setProgramFolder(rig.dir.path());
-        const QList<std::pair<const char*, const char*>> lists{{"errorjpn.lst", "日本語"}, {"erroreng.lst", "English"}};
-        for (const auto& [name, entry] : present ? lists : decltype(lists){}) {
-            QFile file(rig.dir.filePath(QString::fromUtf8(name)));
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write("1\r\n\"11\",\"" + QByteArray(entry) + "\"\r\n");
-        }
-
         const int result = rig.errors.Get_ErrorList(rig.prompter);
-
         DataFiles::setProgramFolder({});
-        QCOMPARE(result, present ? 0 : 1);
-        QCOMPARE(rig.errors.missing(), !present);
-        QCOMPARE(rig.prompter.texts(), present ? QStringList{} : QStringList{MsgLines({30, 31})});
-        QCOMPARE(rig.errors.find(QStringLiteral("11")).value_or(ErrorList::Entry{}).text, text);
+        QCOMPARE(result, 1);
+        QVERIFY(rig.errors.missing());
+        QCOMPARE(rig.prompter.texts(), QStringList{MsgLines({30, 31})});
     }
 
-    // The key is the first and last character of the code.
-    void errorCheck_data()
-    {
-        QTest::addColumn<QString>("reply");
-        QTest::addColumn<bool>("found");
-        QTest::addColumn<QString>("status");
-        QTest::newRow("middle character ignored") << "0%%1Z1\r\n" << true << "Unknown command.";
-        QTest::newRow("letter in the middle") << "0%%0B3\r\n" << true << "Homing refused.";
-        QTest::newRow("short line") << "0%%1\r\n" << false << "No error information in the error List";
-    }
-    void errorCheck()
-    {
-        QFETCH(QString, reply);
-        QFETCH(QString, status);
-        LinkRig rig;
-        rig.link.gReply = reply;
-
-        rig.link.ErrorCheck();
-
-        QTEST(rig.link.gErrorFound, "found");
-        QVERIFY(rig.alarms.alarm);
-        QCOMPARE(rig.alarms.status, status);
-        QVERIFY(rig.prompter.shown.isEmpty());
-    }
-
-    // The shipped lists name every code the controller sends, once.
+    // Start-up reads the shipped list of the language, which names every
+    // code the controller sends, once.
     void shippedLists_data()
     {
         QTest::addColumn<int>("msgBase");
-        QTest::newRow("Japanese") << 0;
-        QTest::newRow("English") << 10000;
+        QTest::addColumn<QString>("unknownCommand");
+        QTest::newRow("Japanese") << 0 << "101: 未定義のコマンドです。";
+        QTest::newRow("English") << 10000 << "101: Unknown command.";
     }
     void shippedLists()
     {
@@ -129,6 +83,7 @@ private slots:
         LinkRig rig;
         ProgramState::instance().gMsgBase = msgBase;
         QCOMPARE(rig.errors.Get_ErrorList(rig.prompter), 0);
+        QTEST(rig.errors.find(QStringLiteral("11")).value_or(ErrorList::Entry{}).text, "unknownCommand");
 
         QSet<QString> keys;
         for (const ErrorList::Entry& entry : rig.errors.entries()) {
