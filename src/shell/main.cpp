@@ -7,6 +7,7 @@
 #include "shell/LanguageStartup.h"
 #include "shell/StartupOptions.h"
 #include "shell/StartupSettings.h"
+#include "shell/VersionText.h"
 #include "shell/widgets/F1Filter.h"
 #include "shell/widgets/MainWindow.h"
 #include "shell/widgets/Screenshots.h"
@@ -14,8 +15,45 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QTextStream>
 
 namespace {
+
+constexpr int RunHelpHint = 5413;
+constexpr int VersionLine = 5414;
+constexpr int ExitUsage = 2;
+
+// --help and --version only print, so they need no display: they work from
+// a terminal or a script on a machine without one.
+void offscreenWhenOnlyPrinting(int argc, char** argv)
+{
+    for (int i = 1; i < argc; ++i) {
+        const QByteArray arg(argv[i]);
+        if ((arg == "--help" || arg == "--version") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+}
+
+// Answers the command line that asks for no window: the help, the version
+// or a usage error, in the language the window would use. Returns the exit
+// status, or -1 when the window is to be shown.
+int answerWithoutWindow(const StartupOptions& options)
+{
+    if (!options.help && !options.version && options.errorMessage == 0)
+        return -1;
+    LanguageStartup::run(ProgramState::instance());
+    if (options.errorMessage != 0) {
+        QTextStream(stderr) << Msg(options.errorMessage).arg(options.errorArg) << '\n'
+                            << Msg(RunHelpHint) << '\n';
+        return ExitUsage;
+    }
+    QTextStream out(stdout);
+    if (options.help)
+        out << StartupOptions::usage() << '\n';
+    else
+        out << Msg(VersionLine).arg(ProgramVersionText()) << '\n';
+    return 0;
+}
 
 void showSplash()
 {
@@ -34,9 +72,12 @@ void showSplash()
 
 int main(int argc, char** argv)
 {
+    offscreenWhenOnlyPrinting(argc, argv);
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("KTR-W5"));
     const StartupOptions options = StartupOptions::parse(QApplication::arguments());
+    if (const int status = answerWithoutWindow(options); status >= 0)
+        return status;
     F1Filter f1;
     app.installEventFilter(&f1);
     ProgramState& s = ProgramState::instance();
