@@ -2,17 +2,7 @@
 #include "common/ProgramState.h"
 #include "shell/widgets/CaptionLoader.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QDialog>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QToolBar>
-#include <QTreeWidget>
+#include <QtWidgets>
 #include <QtTest>
 
 namespace {

@@ -5,14 +5,7 @@
 #include "shell/widgets/MainWindowProgress.h"
 #include "shell/widgets/TransferWindow.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QLabel>
-#include <QMenu>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QStatusBar>
-#include <QTabBar>
+#include <QtWidgets>
 
 namespace {
 

@@ -1,6 +1,3 @@
-// The shell's small windows, the dialogs every sequence goes through, the
-// help pages and the system information tool.
-
 #include "common/DataFiles.h"
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
@@ -18,15 +15,8 @@
 #include "support/ScriptedPrompter.h"
 #include "support/TempSettings.h"
 
-#include <QAction>
+#include <QtWidgets>
 #include <QElapsedTimer>
-#include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QMenuBar>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QTemporaryDir>
 #include <QtTest>
 
