@@ -1,35 +1,18 @@
-#include "common/MessageTable.h"
-#include "common/ProgramState.h"
+#include "SimWindowRig.h"
 #include "common/Waiter.h"
-#include "link/Link.h"
 #include "link/PortNaming.h"
 #include "link/SequenceContext.h"
 #include "opdata/widgets/OpDataPage.h"
 #include "params/widgets/ParaPage.h"
 #include "shell/Settings.h"
-#include "shell/widgets/ControllerSession.h"
 #include "shell/widgets/Lamp.h"
-#include "shell/widgets/MainWindow.h"
 #include "shell/widgets/OptionsDialog.h"
-#include "sim/SimController.h"
 #include "sim/SimSerialPort.h"
 #include "support/PtyController.h"
-#include "support/ScriptedPrompter.h"
-#include "support/TempSettings.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QElapsedTimer>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTabWidget>
-#include <QtTest>
+#include <QtWidgets>
 
-#include <functional>
 #include <optional>
 
 #include <sys/resource.h>
@@ -50,10 +33,9 @@ void setLanguage(qint16 language)
 // Processor time this process has used so far.
 qint64 cpuMs()
 {
-    rusage use{};
-    getrusage(RUSAGE_SELF, &use);
-    const auto ms = [](const timeval& t) { return qint64(t.tv_sec) * 1000 + t.tv_usec / 1000; };
-    return ms(use.ru_utime) + ms(use.ru_stime);
+    rusage u{};
+    getrusage(RUSAGE_SELF, &u);
+    return qint64(u.ru_utime.tv_sec + u.ru_stime.tv_sec) * 1000 + (u.ru_utime.tv_usec + u.ru_stime.tv_usec) / 1000;
 }
 
 // A window on the built-in virtual controller, loaded, with scripted boxes.
@@ -74,12 +56,10 @@ struct SimWindow {
 // Runs check on the options dialog while the menu item holds it open.
 void withOptionsDialog(MainWindow& w, const std::function<void(OptionsDialog&)>& check)
 {
-    QTimer::singleShot(0, &w, [&] {
-        auto* dialog = qobject_cast<OptionsDialog*>(QApplication::activeModalWidget());
-        QVERIFY(dialog);
-        check(*dialog);
-        if (dialog->isVisible())
-            dialog->cmdOK->click();
+    whenDialogOpens<OptionsDialog>([check](OptionsDialog& d) {
+        check(d);
+        if (d.isVisible())
+            d.cmdOK->click();
     });
     w.mnuOption->trigger();
 }
@@ -196,32 +176,6 @@ private slots:
         QTEST(Settings::readText("Languege"), "stored");
         QVERIFY(!other.isVisible());
         QCOMPARE(Settings::readText("MainLeft"), QString());
-    }
-
-    void closingMidWaitUnwindsFirst_data()
-    {
-        QTest::addColumn<bool>("busy");
-        QTest::newRow("sequence") << true;
-        QTest::newRow("I/O monitor poll, not busy") << false;
-    }
-    void closingMidWaitUnwindsFirst()
-    {
-        QFETCH(bool, busy);
-        MainWindow w;
-        w.Form_Load();
-        w.show();
-        ProgramState& s = ProgramState::instance();
-        s.gCommBusy = busy;
-        // A sequence waiting for the controller when the window is closed.
-        QTimer::singleShot(0, &w, &QWidget::close);
-        QCOMPARE(Waiter::waitUntil([] { return false; }, 5000), Waiter::Result::Aborted);
-        QVERIFY(w.isVisible());
-        QCOMPARE(Settings::readText("Languege"), QString());
-
-        // The sequence unwinds; the window closes by itself.
-        s.gCommBusy = false;
-        QTRY_VERIFY(!w.isVisible());
-        QCOMPARE(Settings::readText("Languege"), QStringLiteral("2"));
     }
 
     // The virtual controller is named in the title and the status bar.
@@ -441,9 +395,8 @@ private slots:
         QTest::newRow("Japanese system, English") << false << 2 << true << false;
         QTest::newRow("Japanese system, Japanese") << false << 1 << true << true;
     }
-    // On OK the other language is asked for, to be taken at the next start,
-    // and port-occupy is stored. On the virtual controller the port list
-    // names it alone.
+    // OK asks for the other language at the next start and stores port-occupy;
+    // on the virtual controller the port list names it alone.
     void languageChoice()
     {
         QFETCH(bool, foreign);

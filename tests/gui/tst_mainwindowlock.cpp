@@ -5,14 +5,7 @@
 #include "shell/widgets/MainWindowProgress.h"
 #include "shell/widgets/TransferWindow.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QLabel>
-#include <QMenu>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QStatusBar>
-#include <QTabBar>
+#include <QtWidgets>
 
 namespace {
 
@@ -45,18 +38,6 @@ protected:
         return false;
     }
 };
-
-// Whether the user can reach a control of the window, by name; "tab strip"
-// is the tabs' bar, a menu is its item in the menu bar.
-bool usable(MainWindow& w, const QString& name)
-{
-    if (name == QLatin1String("tab strip"))
-        return w.SSTab1->tabBar()->isEnabled();
-    QObject* c = w.findChild<QObject*>(name);
-    if (auto* menu = qobject_cast<QMenu*>(c))
-        c = menu->menuAction();
-    return c && c->property("enabled").toBool();
-}
 
 } // namespace
 
@@ -142,43 +123,6 @@ private slots:
     {
         MainWindow w;
         QCOMPARE(static_cast<MainWindowLock&>(w.lock()).missingControls(), QStringList());
-    }
-
-    // On the window itself, with the tab strip held too: what stays usable
-    // (STOP during a run, the File menu) and what not (the controls inside
-    // a held frame, whole menus); the release gives all of them back.
-    void heldOnTheWindow_data()
-    {
-        QTest::addColumn<Routine>("hold");
-        QTest::addColumn<Routine>("release");
-        QTest::addColumn<QStringList>("off");
-        QTest::addColumn<QStringList>("on");
-        QTest::newRow("command buttons") << &ControlLock::CMDBTN_Muko << &ControlLock::CMDBTN_Yuko
-            << QStringList{"cmdSTOP", "optCNT", "cmdRESET", "comboVEL", "imgOutputOut1"} << QStringList{"cmdParaRead"};
-        QTest::newRow("move run") << &ControlLock::MoveCMDBTN_Muko << &ControlLock::MoveCMDBTN_Yuko
-            << QStringList{"tab strip", "cmdMOVE", "Frame2", "comboVEL"} << QStringList{"OpDataPage", "cmdSTOP"};
-        QTest::newRow("menus") << &ControlLock::Menyu_Muko << &ControlLock::Menyu_Yuko
-            << QStringList{"mnuView", "mnuCont", "mnuModeChange", "mnuFileOpen"} << QStringList{"mnuFile", "mnuFileExit"};
-    }
-    void heldOnTheWindow()
-    {
-        QFETCH(Routine, hold);
-        QFETCH(Routine, release);
-        QFETCH(QStringList, off);
-        QFETCH(QStringList, on);
-        MainWindow w;
-        w.Form_Load();
-
-        (w.lock().*hold)();
-        w.lock().setTabsEnabled(false);
-        for (const QString& name : off)
-            QVERIFY2(!usable(w, name), qPrintable(name));
-        for (const QString& name : on)
-            QVERIFY2(usable(w, name), qPrintable(name));
-        (w.lock().*release)();
-        w.lock().setTabsEnabled(true);
-        for (const QString& name : off + on)
-            QVERIFY2(usable(w, name), qPrintable(name));
     }
 
     // The version item stays enabled while the I/O monitor runs (and the

@@ -1,6 +1,3 @@
-// The dialogs before a printout: which operation data to print, and the
-// print dialog with its way out to a PDF file.
-
 #include "support/ScriptedFileChooser.h"
 #include "support/ScriptedPrompter.h"
 #include "support/TempSettings.h"
@@ -12,16 +9,12 @@
 #include "print/widgets/PrinterOutput.h"
 #include "shell/Settings.h"
 
-#include <QGroupBox>
-#include <QLabel>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QShortcut>
+#include <QtWidgets>
 #include <QTemporaryDir>
 #include <QTest>
 

@@ -1,6 +1,3 @@
-// The shell's small windows, the dialogs every sequence goes through, the
-// help pages and the system information tool.
-
 #include "common/DataFiles.h"
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
@@ -18,15 +15,8 @@
 #include "support/ScriptedPrompter.h"
 #include "support/TempSettings.h"
 
-#include <QAction>
+#include <QtWidgets>
 #include <QElapsedTimer>
-#include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QMenuBar>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -339,45 +329,29 @@ private slots:
         }
     }
 
-    void sysInfoStartsProgramFoundOnPath()
+    // The tool found on PATH is started by its full path; without one, or
+    // when it does not start, a box says so.
+    void sysInfoLaunch()
     {
         QTemporaryDir bin;
         const QString marker = bin.filePath("started");
-        writeScript(bin.filePath(SysInfoLauncher::knownPrograms().constLast()), "echo started > '" + marker + "'");
+        const QString tool = bin.filePath(SysInfoLauncher::knownPrograms().constLast());
         ScriptedPrompter prompter;
-        {
-            PathOnly path(bin.path());
-            SysInfoLauncher().StartSysInfo(prompter);
-        }
-        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(marker), 5000);
-        QVERIFY(prompter.shown.isEmpty());
-    }
-
-    // The tool found is started by its full path; without one, or when it
-    // does not start, a box says so.
-    void sysInfoNotStarted_data()
-    {
-        QTest::addColumn<bool>("onPath");
-        QTest::newRow("nothing on PATH") << false;
-        QTest::newRow("start fails") << true;
-    }
-    void sysInfoNotStarted()
-    {
-        QFETCH(bool, onPath);
-        QTemporaryDir bin;
-        const QString tool = bin.filePath(SysInfoLauncher::knownPrograms().constFirst());
-        if (onPath)
-            writeScript(tool, "exit 0");
-        QStringList asked;
-        SysInfoLauncher launcher;
-        launcher.setStarter([&](const QString& program) { asked << program; return false; });
-        ScriptedPrompter prompter;
-        {
-            PathOnly path(bin.path());
-            launcher.StartSysInfo(prompter);
-        }
-        QCOMPARE(asked, onPath ? QStringList{tool} : QStringList{});
+        PathOnly path(bin.path());
+        SysInfoLauncher().StartSysInfo(prompter);
         QCOMPARE(prompter.texts(), QStringList{Msg(1206)});
+
+        writeScript(tool, "echo started > '" + marker + "'");
+        SysInfoLauncher().StartSysInfo(prompter);
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(marker), 5000);
+        QCOMPARE(prompter.shown.size(), 1);
+
+        QStringList asked;
+        SysInfoLauncher failing;
+        failing.setStarter([&](const QString& program) { asked << program; return false; });
+        failing.StartSysInfo(prompter);
+        QCOMPARE(asked, QStringList{tool});
+        QCOMPARE(prompter.texts(), (QStringList{Msg(1206), Msg(1206)}));
     }
 };
 
