@@ -15,7 +15,7 @@ src/cli/Interrupt.cpp
 src/sim/PtyFront.cpp
 src/sim/SignalQuit.cpp
 tests/e2e/tst_faultsoak.cpp
-tests/gui/tst_wiring.cpp
+tests/gui/tst_mainwindow.cpp
 tests/sim/tst_simfronts.cpp
 tests/support/FileSizeLimit.h
 tests/support/PtyController.cpp
