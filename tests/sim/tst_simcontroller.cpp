@@ -1,3 +1,4 @@
+#include "common/FileBytes.h"
 #include "common/ProgramState.h"
 #include "common/Waiter.h"
 #include "sim/SimController.h"
@@ -102,13 +103,6 @@ qint64 pollUntilStill(SimLine& line, QByteArray& status)
     while ((status = line.ask("0RA")) == "0RA0\r\n" && clock.elapsed() < 5000)
         Waiter::sleep(1);
     return clock.elapsed();
-}
-
-QByteArray readFile(const QString& path)
-{
-    QFile f(path);
-    f.open(QIODevice::ReadOnly);
-    return f.readAll();
 }
 
 } // namespace
@@ -447,7 +441,7 @@ private slots:
             first.askAll({"0WD1" + OtherBlock, "0WP01" + OtherRecord});
             QVERIFY(!QFile::exists(state));
             first.askAll({"0WE", "0WA0101", "0WD0" + OtherBlock});
-            QVERIFY(readFile(state).contains("BLOCK1=" + OtherBlock + "\n"));
+            QVERIFY(ReadBytes(state).contains("BLOCK1=" + OtherBlock + "\n"));
         }
         SimLine second;
         QVERIFY(second.controller.useStateFile(state, &error));
@@ -471,11 +465,7 @@ private slots:
     void stateFileWithUnknownLines()
     {
         QFETCH(QByteArray, line);
-        QFile file(state);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("# comment\nBLOCK1=" + OtherBlock + "\n" + line + "\n");
-        file.close();
-        ProgramState::instance().gMsgBase = 10000;
+        WriteBytes(state, "# comment\nBLOCK1=" + OtherBlock + "\n" + line + "\n");
         SimLine sim;
         QString error;
         QVERIFY(!sim.controller.useStateFile(state, &error));
@@ -490,7 +480,7 @@ private slots:
         QVERIFY(line.controller.useStateFile(state, &error));
         QSignalSpy failed(&line.controller.memory(), &ControllerMemory::saveFailed);
         line.ask("0WE");
-        const QByteArray saved = readFile(state);
+        const QByteArray saved = ReadBytes(state);
         QVERIFY(!saved.isEmpty());
         line.ask("0WD0" + OtherBlock);
         {
@@ -499,7 +489,7 @@ private slots:
         }
         QCOMPARE(failed.count(), 1);
         QCOMPARE(failed.first().first().toString(), state);
-        QCOMPARE(readFile(state), saved);
+        QCOMPARE(ReadBytes(state), saved);
     }
 
 private:
