@@ -348,13 +348,9 @@ private slots:
         const auto o = SimOptions::parse({"--device", "/dev/ttyUSB1", "--pace", "--state", "/tmp/s",
                                           "--time-scale=0.05", "--lang", "ja", "--late=150"}, &error);
         QVERIFY2(o, qPrintable(error));
-        QCOMPARE(o->front, SimOptions::Front::Device);
-        QCOMPARE(o->device, "/dev/ttyUSB1");
-        QVERIFY(o->pace);
-        QCOMPARE(o->stateFile, "/tmp/s");
-        QCOMPARE(o->timeScale, 0.05);
+        QCOMPARE((QVariantList{o->front == SimOptions::Front::Device, o->device, o->pace, o->stateFile, o->timeScale, o->faults.lateMs}),
+                 (QVariantList{true, "/dev/ttyUSB1", true, "/tmp/s", 0.05, 150}));
         QVERIFY(o->faults.late.matches("RA") && o->faults.late.matches("WD"));
-        QCOMPARE(o->faults.lateMs, 150);
     }
 
     void rejected_data()
