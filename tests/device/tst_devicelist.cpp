@@ -1,4 +1,5 @@
 #include "common/DataFiles.h"
+#include "common/FileBytes.h"
 #include "common/ProgramState.h"
 #include "device/ActSizeList.h"
 #include "device/DeviceDialogMode.h"
@@ -235,9 +236,8 @@ private:
     void writeList(const QByteArray& content)
     {
         QFile::remove(listPath());
-        QFile file(listPath());
-        if (!content.isEmpty() && file.open(QIODevice::WriteOnly))
-            file.write(content);
+        if (!content.isEmpty())
+            WriteBytes(listPath(), content);
     }
 
     QTemporaryDir dir;

@@ -3,30 +3,12 @@
 // gives back the same four values.
 #include "FuzzSupport.h"
 
-#include "common/ControlLock.h"
+#include "opdata/OpDataFakes.h"
+
 #include "opdata/OpDataFile.h"
 #include "opdata/OpDataFileCommands.h"
-#include "opdata/OpDataState.h"
-#include "opdata/OpDataView.h"
 
 namespace {
-
-class ScreenOnly : public OpDataView {
-public:
-    OpDataScreen screen() const override { return shown; }
-    void showScreen(const OpDataScreen& screen) override
-    {
-        shown = screen;
-        ++showCount;
-    }
-    void setSpeedChoiceEnabled(bool) override {}
-    void setHomeEnabled(bool) override {}
-    void setResetEnabled(bool) override {}
-    void setStopEnabled(bool) override {}
-
-    OpDataScreen shown;
-    int showCount = 0;
-};
 
 constexpr PosiTable::Column Kept[] = {PosiTable::VEL, PosiTable::ACC, PosiTable::DIVISION,
                                       PosiTable::GEAR};
@@ -69,7 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     ProgressDisplay progress;
     FixedFileChooser files(path);
     OpDataState state;
-    ScreenOnly view;
+    FakeOpDataView view(state);
     OpDataFileCommands commands(prompter, lock, progress, files, state, view);
     commands.Open();
     FUZZ_CHECK(view.showCount == (result == 0 ? 1 : 0));

@@ -4,9 +4,10 @@
 // saved and read back unchanged and can be coded for the controller.
 #include "FuzzSupport.h"
 
+#include "params/ParaFixtures.h"
+
 #include "params/ParaBlockCodec.h"
 #include "params/ParaData.h"
-#include "params/ParaEntries.h"
 #include "params/ParaFile.h"
 #include "params/ParaFileCommands.h"
 #include "params/ParaScreen.h"
@@ -16,14 +17,6 @@
 namespace {
 
 const QString Marker = QStringLiteral("untouched");
-
-bool sameSet(const ParaSet& a, const ParaSet& b)
-{
-    for (int entry = 1; entry < CtParaImage::EntryCount; ++entry)
-        if (IsParaEntry(entry) && ParaEntryValue(a, entry) != ParaEntryValue(b, entry))
-            return false;
-    return true;
-}
 
 // The reader alone: its result and the messages it shows agree.
 int checkReader(const QString& path)
@@ -67,7 +60,7 @@ void checkRoundTrip(const ParaSet& set)
     FUZZ_CHECK(LoadParaFile(path, image, prompter) == 0);
     ParaSet back;
     TakeCtParaImage(image, back);
-    FUZZ_CHECK(sameSet(saved, back));
+    FUZZ_CHECK(Fields(saved) == Fields(back));
 }
 
 // A valid set is what Write to C/T sends: three blocks of a digit and 16
@@ -98,7 +91,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const ParaSet before = page.set;
     commands.cmdReadParaFile_Click(page, screen);
     if (result == -1) {
-        FUZZ_CHECK(prompter.count == 1 && sameSet(page.set, before));
+        FUZZ_CHECK(prompter.count == 1 && Fields(page.set) == Fields(before));
         return 0;
     }
     // Taken and shown (the file named) only after a clean read.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/FileBytes.h"
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
 #include "common/Waiter.h"
@@ -16,7 +17,6 @@
 #include "support/ScriptedPrompter.h"
 #include "support/TempSettings.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
 // The operation data tab's sequences on a scripted serial line: English
@@ -30,13 +30,8 @@ struct OpDataRig {
         ProgramState::instance().gLanguage = 2;
         ProgramState::instance().gPortOccupy = false;
         link.setPortNaming([](int n) { return QStringLiteral("port%1").arg(n); });
-        const QString path = dir.filePath(QStringLiteral("errors.lst"));
-        QFile file(path);
-        if (file.open(QIODevice::WriteOnly)) {
-            file.write("2\r\n\"11\",\"Unknown command.\"\r\n\"03\",\"Homing refused while an alarm is active.\"\r\n");
-            file.close();
-        }
-        errors.load(path);
+        errors.load(WriteBytes(dir.filePath(QStringLiteral("errors.lst")),
+                               "2\r\n\"11\",\"Unknown command.\"\r\n\"03\",\"Homing refused while an alarm is active.\"\r\n"));
     }
     ~OpDataRig()
     {

@@ -1,3 +1,4 @@
+#include "common/FileBytes.h"
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
 #include "opdata/OpDataFile.h"
@@ -140,7 +141,7 @@ private slots:
 
         OpDataFileCommands(m_prompter, m_lock, m_progress, m_files, state, view).SaveAs();
 
-        QCOMPARE(readFile(path), ExampleFile);
+        QCOMPARE(ReadBytes(path), ExampleFile);
         QCOMPARE(m_files.requests.size(), 1);
         QVERIFY(m_files.requests[0].save);
         QCOMPARE(m_files.requests[0].proposedName, QStringLiteral("KTRdata.qmd"));
@@ -181,7 +182,7 @@ private slots:
             OpDataFileCommands(m_prompter, m_lock, m_progress, m_files, state, view).SaveAs();
         }
 
-        QCOMPARE(readFile(path), ExampleFile);
+        QCOMPARE(ReadBytes(path), ExampleFile);
         QCOMPARE(m_prompter.shown.size(), 1);
         QVERIFY2(m_prompter.lastText().startsWith(QStringLiteral("The file could not be saved.\r\n") + path),
                  qPrintable(m_prompter.lastText()));
@@ -191,20 +192,7 @@ private slots:
     }
 
 private:
-    QString writeFile(const QString& name, const QByteArray& bytes)
-    {
-        const QString path = m_dir.filePath(name);
-        QFile f(path);
-        if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            qFatal("cannot write %s", qPrintable(path));
-        f.write(bytes);
-        return path;
-    }
-    QByteArray readFile(const QString& path)
-    {
-        QFile f(path);
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    }
+    QString writeFile(const QString& name, const QByteArray& bytes) { return WriteBytes(m_dir.filePath(name), bytes); }
 
     QTemporaryDir m_dir;
     ScriptedPrompter m_prompter;

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "common/FileBytes.h"
 #include "params/CtParaImage.h"
 #include "params/ParaEntries.h"
 
-#include <QFile>
 #include <QVariantList>
 
 #include <array>
@@ -50,11 +50,4 @@ inline QVariantList Fields(const ParaSet& set)
             out << ParaEntryValue(set, entry);
     }
     return out;
-}
-
-inline void WriteBytes(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    file.open(QIODevice::WriteOnly | QIODevice::Truncate);
-    file.write(bytes);
 }
