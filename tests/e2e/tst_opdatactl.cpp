@@ -128,8 +128,9 @@ private slots:
     }
 
     // Ctrl-C ends every wait within a second: the watch, a homing that the
-    // STOP input holds short of home, and (at the second Ctrl-C, the first
-    // being STOP) the wait for a long move.
+    // STOP input holds short of home, (at the second Ctrl-C, the first
+    // being STOP) the wait for a long move, and the wait without a time
+    // limit after a reply of the wrong length.
     void ctrlCEndsTheWait_data()
     {
         QTest::addColumn<QStringList>("simArgs");
@@ -142,6 +143,8 @@ private slots:
         QTest::newRow("home, STOP held") << QStringList{"--stop"} << QStringList{"home"} << "< 0RA2" << 1 << 1 << "Interrupted.";
         QTest::newRow("move of 11 s") << QStringList{"--time-scale", "20"} << QStringList{"move"} << "< 0RA0" << 2 << 1
                                       << "Interrupted.";
+        QTest::newRow("endless wait") << QStringList{"--extra-char", "RA", "--silent", "CM"} << QStringList{"status"}
+                                      << "> 0CM6" << 1 << 1 << "> 0CM6\nInterrupted.";
     }
     void ctrlCEndsTheWait()
     {
@@ -206,31 +209,6 @@ private slots:
         const CtlRun rejected = KtrctlProcess::run({"opdata", "print", other, "-o", pdf});
         QCOMPARE(rejected.exitCode, 2);
         QCOMPARE(rejected.err, QStringLiteral("Not Position Data file for QM-B4.\n\nOpening file is canceled.\n"));
-    }
-
-    void usageErrors_data()
-    {
-        QTest::addColumn<QStringList>("args");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("speed out of range")
-            << QStringList{"opdata", "write", "--speed", "31", "--acc", "1", "--division", "12", "--gear", "1"}
-            << "--speed takes a whole number from 1 to 30.";
-        QTest::newRow("values missing") << QStringList{"opdata", "write", "--speed", "3"}
-                                        << "Give either an operation data file or all of --speed, --acc, --division and --gear.";
-        QTest::newRow("bad direction") << QStringList{"opdata", "write", "x.qmd", "--dir", "up"}
-                                       << "Invalid value for --dir: up";
-        QTest::newRow("dwell of a step") << QStringList{"move", "--dwell", "5"} << "--dwell needs --continuous.";
-        QTest::newRow("not an output") << QStringList{"io", "--toggle", "STB"} << "Invalid value for --toggle: STB";
-        QTest::newRow("no pdf") << QStringList{"opdata", "print", "x.qmd"} << "-o is missing.";
-    }
-    void usageErrors()
-    {
-        QFETCH(QStringList, args);
-        QFETCH(QString, message);
-        const CtlRun run = KtrctlProcess::run(QStringList{"--simulator", "--trace"} + args);
-        QCOMPARE(run.exitCode, 2);
-        QCOMPARE(linesOf(run.err), (QStringList{message, "Run ktrctl --help to see the commands."}));
-        QVERIFY(run.out.isEmpty());
     }
 };
 
