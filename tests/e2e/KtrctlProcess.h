@@ -116,3 +116,13 @@ inline QString writeFile(const QTemporaryDir& dir, const QString& name, const QB
         return {};
     return file.fileName();
 }
+
+// The factory parameters of the virtual controller as a parameter file,
+// with the actuator size and VEL given.
+inline QByteArray paraFile(const QString& size, int vel)
+{
+    return QStringLiteral("\"QM-KTR\",\"PRM\" 6 \"HOME\",5,1 30 30 %2 10 10 \"AXIS\",7,1 65535 2 400 0 20 2 \"%1L100\" "
+                          "\"PG\",2,1 0 1000 \"ETC\",8,1 0 2 1000 2000 10 5 1 20 \"SPECIAL\",6,1 10 0 10 0 0 0 "
+                          "\"RESERVED\",7,1 0 0 0 0 0 0 0 ")
+        .arg(size).arg(vel).replace(u' ', QStringLiteral("\r\n")).toLatin1();
+}

@@ -1,10 +1,6 @@
-// Thousands of transactions with the virtual controller, a fault drawn for
-// each from a fixed seed: every failure is told exactly once with the
-// message its fault calls for, every success silently, the link is never
-// left in a transaction, and the program does not grow while it runs.
-//
-// Not drawn: silence after a reply of the wrong length, which by design is
-// waited for without a time limit.
+// Thousands of transactions, a fault drawn for each from a fixed seed: each
+// failure told once with its message, never left busy, no growth. Not drawn:
+// silence after a wrong length, which is waited for without a time limit.
 
 #include "common/ProgramState.h"
 #include "common/Waiter.h"
@@ -59,9 +55,7 @@ const QString TimedOut = QStringLiteral("Communication timeout error!\r\n\r\nChe
 const QString Refused = QStringLiteral("Communication error occurs!\r\nError No.101\r\n[101: Unknown command.]");
 const QString LengthError = QStringLiteral("Communication data length error occurs!\r\nLength of data is wrong.");
 
-// A fault as ktr-sim's option for the request's command (%1), how often it
-// is drawn and what it makes the tool say (empty: the transaction succeeds).
-// Faults that cost a whole time-out are rare, so the run stays short.
+// ktr-sim's option for the command (%1), weight, what is told (empty: success).
 struct FaultKind {
     const char* name;
     int weight;

@@ -114,13 +114,10 @@ private slots:
         QVERIFY(!controller.device().isEmpty());
         KtrctlProcess ktrctl;
         ktrctl.start({"--port", controller.device(), "--trace", "io", "--toggle", "OUT1"});
-        QVERIFY(controller.answer("0CM7", "0CM7"));
-        QVERIFY(controller.answer("0RI", "0RI000"));
-        QVERIFY(controller.answer("0RO", "0RO00"));
-        QVERIFY(controller.answer("0WO02", "0WO02"));
-        QVERIFY(controller.answer("0RI", "0RI800"));
-        QVERIFY(controller.answer("0RO", "0RO02"));
-        QVERIFY(controller.answer("0CM0", "0CM0"));
+        const QList<QPair<QByteArray, QByteArray>> exchange{{"0CM7", "0CM7"}, {"0RI", "0RI000"}, {"0RO", "0RO00"},
+            {"0WO02", "0WO02"}, {"0RI", "0RI800"}, {"0RO", "0RO02"}, {"0CM0", "0CM0"}};
+        for (const auto& [request, reply] : exchange)
+            QVERIFY2(controller.answer(request, reply), request.constData());
         const CtlRun run = ktrctl.finish();
         QCOMPARE(run.exitCode, 0);
         QCOMPARE(sentFrames(run.err), (QStringList{"0CM7", "0RI", "0RO", "0WO02", "0RI", "0RO", "0CM0"}));

@@ -12,9 +12,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-// A link on a port (a scripted one unless another is given), with an error
-// list of a few codes, English messages, numbered ports named "port<n>",
-// port-occupy off and a short time-out.
+// A link on a (scripted) port: a few error codes, English, ports "port<n>",
+// port-occupy off, a short time-out.
 template <typename Port = FakeSerialPort>
 struct LinkRig {
     LinkRig()

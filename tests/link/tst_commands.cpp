@@ -30,7 +30,6 @@ public:
     QStringList calls;
 };
 
-// A link rig with everything a sequence needs.
 struct SequenceRig : LinkRig<> {
     CommandSet commands{link};
     RecordingLock lock;
@@ -41,7 +40,6 @@ struct SequenceRig : LinkRig<> {
 
 using Routine = int (*)(CommandSet&);
 
-// A routine of the command set, called on the set given.
 #define ROUTINE(call) Routine([](CommandSet& c) { return c.call; })
 
 } // namespace
@@ -52,8 +50,7 @@ class TestCommands : public QObject {
     Q_OBJECT
 
 private slots:
-    // Each routine's frame, time-out and reply length: a reply of exactly
-    // the expected length is accepted.
+    // Each routine's frame, time-out and reply length.
     void frames_data()
     {
         QTest::addColumn<Routine>("routine");
@@ -146,9 +143,7 @@ private slots:
         QVERIFY(!ProgramState::instance().gCommBusy);
     }
 
-    // The frames asked for are answered in turn with the replies. Only an
-    // error reply to "0RV" (a controller that does not know it) leads to the
-    // older form.
+    // Only an error reply to "0RV" leads to the older form.
     void versionQuery_data()
     {
         QTest::addColumn<Frames>("sent");
@@ -184,8 +179,7 @@ private slots:
         QVERIFY(!ProgramState::instance().gCommBusy);
     }
 
-    // While another command runs nothing of it is touched (frames, controls,
-    // busy flag, port), and the user is told why.
+    // While another command runs nothing is touched, and the user is told why.
     void refusedWhileAnotherRuns_data()
     {
         QTest::addColumn<bool>("version");

@@ -31,8 +31,7 @@ class TestTransaction : public QObject {
 private slots:
     void cleanup() { Waiter::clearAbort(); }
 
-    // However the line is cut into reads, the reply is whole and clears
-    // the lamp of an earlier error.
+    // However the line is cut, the reply is whole and clears the lamp.
     void acceptedReply_data()
     {
         QTest::addColumn<Frames>("chunks");
@@ -64,9 +63,8 @@ private slots:
         QVERIFY(rig.prompter.shown.isEmpty());
     }
 
-    // What came before the request is not its reply. An error line among it
-    // (whole and not yet read, or cut as the request went out) is decoded
-    // and told, and stays on the lamp; anything else is dropped.
+    // What came before the request is not its reply: an error line among it
+    // (whole, or cut) is told and stays on the lamp; the rest is dropped.
     void inputBeforeTheRequest_data()
     {
         QTest::addColumn<QByteArray>("before");
@@ -107,8 +105,7 @@ private slots:
         QCOMPARE(rig.alarms.status, told.isEmpty() ? QStringLiteral(" ") : QStringLiteral("Overload alarm."));
     }
 
-    // Each reply is judged in turn; the last one's box is checked. Without
-    // a hit the box shows the text of the last code that was found.
+    // Without a hit the box shows the text of the last code found.
     void errorReply_data()
     {
         QTest::addColumn<int>("msgBase");
@@ -155,10 +152,8 @@ private slots:
         QVERIFY(rig.prompter.shown.isEmpty());
     }
 
-    // No reply, or one of the wrong length or echo, after which "0CM6" is
-    // sent and its answer decides what is told (none within the time-out
-    // after a wrong echo). The port is released unless an error reply came
-    // or it is held for the run, and the next request finds it open.
+    // No reply, or a wrong length or echo (then "0CM6"'s answer decides what
+    // is told); the port is released unless an error reply came or it is held.
     void failures_data()
     {
         QTest::addColumn<QByteArray>("reply");
@@ -205,8 +200,7 @@ private slots:
         QVERIFY(!rig.link.gCommError);
     }
 
-    // Closing the program ends a reply wait at once, also the one without
-    // a time limit after a wrong length, and tells nothing.
+    // Closing ends any reply wait at once, the endless one too, silently.
     void closingTheProgramEndsTheWait_data()
     {
         QTest::addColumn<QByteArray>("reply");
@@ -236,8 +230,7 @@ private slots:
         QVERIFY(!rig.link.busy());
     }
 
-    // The refused one is told why, and what it does next (closing the port)
-    // leaves the first one alone.
+    // The refused one is told why; its closing the port spares the first.
     void secondTransactionIsRefused()
     {
         LinkRig rig;
@@ -258,8 +251,7 @@ private slots:
                                                    "Try again when it has finished."});
     }
 
-    // Pulled while a request waits: said at once, not after the time-out.
-    // Pulled while idle: said only when it cannot be opened again.
+    // Pulled during a request: said at once; while idle: when it cannot reopen.
     void lostDeviceIsOpenedAgain()
     {
         LinkRig rig;
