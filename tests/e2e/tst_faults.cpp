@@ -17,9 +17,6 @@
 
 namespace {
 
-const QString TimedOut = QStringLiteral("Communication timeout error!\r\n\r\nCheck the followings;\r\n"
-                                        " 1.Power ON for controller?\r\n 2.Communication cables are connected?");
-const QString LengthError = QStringLiteral("Communication data length error occurs!\r\nLength of data is wrong.");
 const QString WriteFailed = QStringLiteral("Fail to Write parameters.");
 const QString PortLost = QStringLiteral("The device of the communication port has gone away (was the cable or the USB "
                                         "adapter unplugged?).\r\nThe port has been released; the next command opens it again.");

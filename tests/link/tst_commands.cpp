@@ -15,8 +15,6 @@ namespace {
 
 using Frames = QList<QByteArray>;
 
-const QString UnknownText = QStringLiteral("Communication error occurs!\r\nError No.101\r\n[Unknown command.]");
-
 // The others held off around a command of the window, as the transfers do.
 const QStringList HeldAround{"CMDBTN_Muko", "tabs off", "Menyu_Muko", "CMDBTN_Yuko", "tabs on", "Menyu_Yuko"};
 
@@ -150,14 +148,13 @@ private slots:
         QTest::addColumn<Frames>("replies");
         QTest::addColumn<int>("result");
         QTest::addColumn<QStringList>("told");
-        const QString length = QStringLiteral("Communication data length error occurs!\r\nLength of data is wrong.");
         QTest::newRow("0RV") << Frames{"0CM6", "0RV"} << Frames{"0CM6\r\n", "0RVK01123\r\n"} << 0
                              << QStringList{"The version of this controller is 1.23."};
         QTest::newRow("older form") << Frames{"0CM6", "0RV", "0%C"} << Frames{"0CM6\r\n", "0%%101\r\n", "0%CK0121000000\r\n"}
                                     << 0 << QStringList{UnknownText, "The version of this controller is 2.10."};
         QTest::newRow("check refused") << Frames{"0CM6"} << Frames{"0%%101\r\n"} << 1 << QStringList{UnknownText};
         QTest::newRow("garbled answer to 0RV") << Frames{"0CM6", "0RV", "0CM6"}
-                                               << Frames{"0CM6\r\n", "0RVK01\r\n", "0CM6\r\n"} << 1 << QStringList{length};
+                                               << Frames{"0CM6\r\n", "0RVK01\r\n", "0CM6\r\n"} << 1 << QStringList{LengthError};
         QTest::newRow("older form refused too") << Frames{"0CM6", "0RV", "0%C"}
                                                 << Frames{"0CM6\r\n", "0%%101\r\n", "0%%101\r\n"} << 1
                                                 << QStringList{UnknownText, UnknownText};

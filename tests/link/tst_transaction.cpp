@@ -9,17 +9,11 @@
 
 namespace {
 
-const QString TimeoutText = QStringLiteral(
-    "Communication timeout error!\r\n\r\nCheck the followings;\r\n"
-    " 1.Power ON for controller?\r\n 2.Communication cables are connected?");
 const QString OwnErrorText = QStringLiteral(
     "The controller reported an error of its own accord (not in reply to a command).\r\n"
     "Communication error occurs!\r\nError No.301\r\n[Overload alarm.]");
 const QString LostText = QStringLiteral(
     "The device of the communication port has gone away (was the cable or the USB adapter unplugged?).\r\n");
-const QString UnknownText = QStringLiteral("Communication error occurs!\r\nError No.101\r\n[Unknown command.]");
-const QString LengthText =
-    QStringLiteral("Communication data length error occurs!\r\nLength of data is wrong.");
 
 using Frames = QList<QByteArray>;
 
@@ -162,13 +156,13 @@ private slots:
         QTest::addColumn<QString>("told");
         QTest::addColumn<bool>("portOpen");
         const QByteArray none;
-        QTest::newRow("time-out") << none << none << false << TimeoutText << false;
-        QTest::newRow("time-out, port held") << none << none << true << TimeoutText << true;
-        QTest::newRow("wrong length") << QByteArray("0RA12\r\n") << QByteArray("0CM6\r\n") << false << LengthText << false;
-        QTest::newRow("wrong length, port held") << QByteArray("0RA12\r\n") << QByteArray("0CM6\r\n") << true << LengthText << true;
+        QTest::newRow("time-out") << none << none << false << TimedOut << false;
+        QTest::newRow("time-out, port held") << none << none << true << TimedOut << true;
+        QTest::newRow("wrong length") << QByteArray("0RA12\r\n") << QByteArray("0CM6\r\n") << false << LengthError << false;
+        QTest::newRow("wrong length, port held") << QByteArray("0RA12\r\n") << QByteArray("0CM6\r\n") << true << LengthError << true;
         QTest::newRow("check answered with an error") << QByteArray("0RA12\r\n") << QByteArray("0%%101\r\n") << false
                                                       << UnknownText << true;
-        QTest::newRow("wrong echo, no answer") << QByteArray("0RD1\r\n") << none << false << LengthText << false;
+        QTest::newRow("wrong echo, no answer") << QByteArray("0RD1\r\n") << none << false << LengthError << false;
     }
     void failures()
     {
