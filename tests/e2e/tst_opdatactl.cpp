@@ -1,6 +1,4 @@
-// ktrctl opdata, home, move and io against ktr-sim on a pseudo-terminal (or
-// a controller played by the test): the frames on the wire and their
-// timing, what is printed, Ctrl-C as STOP, and the printout of a file.
+// ktrctl opdata, home, move and io against ktr-sim or a played controller.
 
 #include "KtrctlProcess.h"
 #include "print/PdfText.h"
@@ -124,10 +122,8 @@ private slots:
         QCOMPARE(run.out, QStringLiteral("STB=1 STOP=0 ALM=0 RDY=0 IN-P=0 OUT1=1 OUT2=0\n"));
     }
 
-    // Ctrl-C ends every wait within a second: the watch, a homing that the
-    // STOP input holds short of home, (at the second Ctrl-C, the first
-    // being STOP) the wait for a long move, and the wait without a time
-    // limit after a reply of the wrong length.
+    // Ctrl-C ends every wait within a second: watch, homing held by STOP, a long
+    // move (the second Ctrl-C; the first is STOP), the endless wait after a wrong length.
     void ctrlCEndsTheWait_data()
     {
         QTest::addColumn<QStringList>("simArgs");
@@ -167,8 +163,7 @@ private slots:
         QVERIFY2(run.err.trimmed().endsWith(lastLine), qPrintable(run.err));
     }
 
-    // The controller stops part-way through the move (an alarm: status 3):
-    // the first Ctrl-C gives the move up and says why.
+    // Stopped part-way (status 3): the first Ctrl-C gives the move up and says why.
     void ctrlCGivesUpAMoveStoppedShort()
     {
         PtyController controller;

@@ -1,5 +1,4 @@
-// ktrctl params against the virtual controller: the frames on the wire, the
-// report, the exit statuses, and the printout of a file.
+// ktrctl params against the virtual controller.
 
 #include "KtrctlProcess.h"
 #include "print/PdfText.h"
@@ -82,8 +81,7 @@ private slots:
         QCOMPARE(lost.out, read.out);
     }
 
-    // 1.5 A is beyond the display's 16-bit arithmetic: the parameters read
-    // are still printed, and the exit status tells that not all was shown.
+    // 1.5 A overflows the display's 16 bits: the rest is printed, the exit status tells.
     void currentTooLargeKeepsTheParameters()
     {
         QTemporaryDir files;

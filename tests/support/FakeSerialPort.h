@@ -8,10 +8,8 @@
 #include <QSet>
 #include <QStringList>
 
-// A scriptable serial line for tests. Each written frame (CR LF removed) is
-// recorded; when an answer was scripted for it, the answer's chunks arrive
-// after the write, each as its own read (a zero-time timer, or delayMs
-// later). A frame without a scripted answer stays unanswered.
+// A scriptable serial line: frames written are recorded; a scripted answer's
+// chunks arrive after the write, each as its own read. Others stay unanswered.
 class FakeSerialPort : public SerialPort {
     Q_OBJECT
 public:

@@ -8,9 +8,7 @@
 
 #include <csignal>
 
-// Runs ktr-sim on a pseudo-terminal for end-to-end tests: starts it, reads
-// the device path it prints on its first line, and stops it with SIGTERM
-// (when destroyed at the latest).
+// ktr-sim on a pseudo-terminal, whose path it prints first; SIGTERM at the latest when destroyed.
 class SimProcess : public QObject {
 public:
     explicit SimProcess(const QString& program, QObject* parent = nullptr);
