@@ -151,7 +151,6 @@ private slots:
         QTest::addColumn<QStringList>("messages");
         QTest::newRow("noise before the reply") << QStringList{"--garbage", "RA"} << QStringList{LengthError};
         QTest::newRow("CR and LF apart") << QStringList{"--split-crlf", "RA"} << QStringList{};
-        QTest::newRow("one character too many") << QStringList{"--extra-char", "RA"} << QStringList{LengthError};
         QTest::newRow("half a line, then silence") << QStringList{"--restart-after", "1"} << QStringList{TimedOut};
         QTest::newRow("answer after the time-out") << QStringList{"--late", "400:RA"} << QStringList{TimedOut};
     }

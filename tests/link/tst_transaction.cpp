@@ -32,7 +32,6 @@ private slots:
         QTest::addColumn<int>("expectedLength");
         QTest::addColumn<QString>("reply");
         QTest::newRow("one read") << Frames{"0RA1\r\n"} << 6 << "0RA1\r\n";
-        QTest::newRow("CR and LF in separate reads") << Frames{"0RA1\r", "\n"} << 6 << "0RA1\r\n";
         QTest::newRow("one character per read")
             << Frames{"0", "R", "A", "1", "\r", "\n"} << 6 << "0RA1\r\n";
         QTest::newRow("text after a CR LF inside a read stays in the line")
