@@ -16,10 +16,8 @@ struct CtlRun {
     QString err;
 };
 
-// ktrctl with a settings store of its own, so the user's stored port and
-// language play no part; English unless the arguments choose a language.
-// stderr is gathered as it comes, so a test can act on the trace of a run
-// in progress.
+// ktrctl with settings of its own, English unless told; stderr is gathered as
+// it comes, so a test can act on the trace of a run in progress.
 class KtrctlProcess {
 public:
     KtrctlProcess()
@@ -115,4 +113,13 @@ inline QString writeFile(const QTemporaryDir& dir, const QString& name, const QB
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
         return {};
     return file.fileName();
+}
+
+// The virtual controller's factory parameters as a file, with size and VEL given.
+inline QByteArray paraFile(const QString& size, int vel)
+{
+    return QStringLiteral("\"QM-KTR\",\"PRM\" 6 \"HOME\",5,1 30 30 %2 10 10 \"AXIS\",7,1 65535 2 400 0 20 2 \"%1L100\" "
+                          "\"PG\",2,1 0 1000 \"ETC\",8,1 0 2 1000 2000 10 5 1 20 \"SPECIAL\",6,1 10 0 10 0 0 0 "
+                          "\"RESERVED\",7,1 0 0 0 0 0 0 0 ")
+        .arg(size).arg(vel).replace(u' ', QStringLiteral("\r\n")).toLatin1();
 }

@@ -1,21 +1,12 @@
-// Thousands of transactions with the virtual controller, a fault drawn for
-// each from a fixed seed: every failure is told exactly once with the
-// message its fault calls for, every success silently, the link is never
-// left in a transaction, and the program does not grow while it runs.
-//
-// Not drawn: silence after a reply of the wrong length, which by design is
-// waited for without a time limit.
+// Thousands of transactions, a fault drawn for each from a fixed seed: each
+// failure told once with its message, never left busy, no growth. Not drawn:
+// silence after a wrong length, which is waited for without a time limit.
 
-#include "common/ProgramState.h"
 #include "common/Waiter.h"
-#include "link/ErrorList.h"
-#include "link/Link.h"
+#include "link/LinkRig.h"
 #include "sim/SimController.h"
 #include "sim/SimOptions.h"
 #include "sim/SimSerialPort.h"
-#include "support/RecordingAlarmDisplay.h"
-#include "support/ScriptedPrompter.h"
-#include "support/TempSettings.h"
 
 #include <QFile>
 #include <QRandomGenerator>
@@ -54,14 +45,9 @@ const std::array<Request, 9> Requests{{{"0RA", 6, ""}, {"0RD", 38, "0"}, {"0RD",
                                        {"0RV", 11, ""}, {"0RI", 8, ""}, {"0RO", 7, ""},
                                        {"0CM", 6, "6"}, {"0RP", 23, "01"}, {"0AR", 5, ""}}};
 
-const QString TimedOut = QStringLiteral("Communication timeout error!\r\n\r\nCheck the followings;\r\n"
-                                        " 1.Power ON for controller?\r\n 2.Communication cables are connected?");
 const QString Refused = QStringLiteral("Communication error occurs!\r\nError No.101\r\n[101: Unknown command.]");
-const QString LengthError = QStringLiteral("Communication data length error occurs!\r\nLength of data is wrong.");
 
-// A fault as ktr-sim's option for the request's command (%1), how often it
-// is drawn and what it makes the tool say (empty: the transaction succeeds).
-// Faults that cost a whole time-out are rare, so the run stays short.
+// ktr-sim's option for the command (%1), weight, what is told (empty: success).
 struct FaultKind {
     const char* name;
     int weight;

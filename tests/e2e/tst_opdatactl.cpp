@@ -1,6 +1,4 @@
-// ktrctl opdata, home, move and io against ktr-sim on a pseudo-terminal (or
-// a controller played by the test): the frames on the wire and their
-// timing, what is printed, Ctrl-C as STOP, and the printout of a file.
+// ktrctl opdata, home, move and io against ktr-sim or a played controller.
 
 #include "KtrctlProcess.h"
 #include "print/PdfText.h"
@@ -111,25 +109,20 @@ private slots:
     void ioTogglesAnOutput()
     {
         PtyController controller;
-        QVERIFY(!controller.device().isEmpty());
         KtrctlProcess ktrctl;
         ktrctl.start({"--port", controller.device(), "--trace", "io", "--toggle", "OUT1"});
-        QVERIFY(controller.answer("0CM7", "0CM7"));
-        QVERIFY(controller.answer("0RI", "0RI000"));
-        QVERIFY(controller.answer("0RO", "0RO00"));
-        QVERIFY(controller.answer("0WO02", "0WO02"));
-        QVERIFY(controller.answer("0RI", "0RI800"));
-        QVERIFY(controller.answer("0RO", "0RO02"));
-        QVERIFY(controller.answer("0CM0", "0CM0"));
+        const QList<QPair<QByteArray, QByteArray>> exchange{{"0CM7", "0CM7"}, {"0RI", "0RI000"}, {"0RO", "0RO00"},
+            {"0WO02", "0WO02"}, {"0RI", "0RI800"}, {"0RO", "0RO02"}, {"0CM0", "0CM0"}};
+        for (const auto& [request, reply] : exchange)
+            QVERIFY2(controller.answer(request, reply), request.constData());
         const CtlRun run = ktrctl.finish();
         QCOMPARE(run.exitCode, 0);
         QCOMPARE(sentFrames(run.err), (QStringList{"0CM7", "0RI", "0RO", "0WO02", "0RI", "0RO", "0CM0"}));
         QCOMPARE(run.out, QStringLiteral("STB=1 STOP=0 ALM=0 RDY=0 IN-P=0 OUT1=1 OUT2=0\n"));
     }
 
-    // Ctrl-C ends every wait within a second: the watch, a homing that the
-    // STOP input holds short of home, and (at the second Ctrl-C, the first
-    // being STOP) the wait for a long move.
+    // Ctrl-C ends every wait within a second: watch, homing held by STOP, a long
+    // move (the second Ctrl-C; the first is STOP), the endless wait after a wrong length.
     void ctrlCEndsTheWait_data()
     {
         QTest::addColumn<QStringList>("simArgs");
@@ -142,6 +135,8 @@ private slots:
         QTest::newRow("home, STOP held") << QStringList{"--stop"} << QStringList{"home"} << "< 0RA2" << 1 << 1 << "Interrupted.";
         QTest::newRow("move of 11 s") << QStringList{"--time-scale", "20"} << QStringList{"move"} << "< 0RA0" << 2 << 1
                                       << "Interrupted.";
+        QTest::newRow("endless wait") << QStringList{"--extra-char", "RA", "--silent", "CM"} << QStringList{"status"}
+                                      << "> 0CM6" << 1 << 1 << "> 0CM6\nInterrupted.";
     }
     void ctrlCEndsTheWait()
     {
@@ -167,8 +162,7 @@ private slots:
         QVERIFY2(run.err.trimmed().endsWith(lastLine), qPrintable(run.err));
     }
 
-    // The controller stops part-way through the move (an alarm: status 3):
-    // the first Ctrl-C gives the move up and says why.
+    // Stopped part-way (status 3): the first Ctrl-C gives the move up and says why.
     void ctrlCGivesUpAMoveStoppedShort()
     {
         PtyController controller;
@@ -206,31 +200,6 @@ private slots:
         const CtlRun rejected = KtrctlProcess::run({"opdata", "print", other, "-o", pdf});
         QCOMPARE(rejected.exitCode, 2);
         QCOMPARE(rejected.err, QStringLiteral("Not Position Data file for QM-B4.\n\nOpening file is canceled.\n"));
-    }
-
-    void usageErrors_data()
-    {
-        QTest::addColumn<QStringList>("args");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("speed out of range")
-            << QStringList{"opdata", "write", "--speed", "31", "--acc", "1", "--division", "12", "--gear", "1"}
-            << "--speed takes a whole number from 1 to 30.";
-        QTest::newRow("values missing") << QStringList{"opdata", "write", "--speed", "3"}
-                                        << "Give either an operation data file or all of --speed, --acc, --division and --gear.";
-        QTest::newRow("bad direction") << QStringList{"opdata", "write", "x.qmd", "--dir", "up"}
-                                       << "Invalid value for --dir: up";
-        QTest::newRow("dwell of a step") << QStringList{"move", "--dwell", "5"} << "--dwell needs --continuous.";
-        QTest::newRow("not an output") << QStringList{"io", "--toggle", "STB"} << "Invalid value for --toggle: STB";
-        QTest::newRow("no pdf") << QStringList{"opdata", "print", "x.qmd"} << "-o is missing.";
-    }
-    void usageErrors()
-    {
-        QFETCH(QStringList, args);
-        QFETCH(QString, message);
-        const CtlRun run = KtrctlProcess::run(QStringList{"--simulator", "--trace"} + args);
-        QCOMPARE(run.exitCode, 2);
-        QCOMPARE(linesOf(run.err), (QStringList{message, "Run ktrctl --help to see the commands."}));
-        QVERIFY(run.out.isEmpty());
     }
 };
 

@@ -1,5 +1,4 @@
-// ktrctl params against the virtual controller: the frames on the wire, the
-// report, the exit statuses, and the printout of a file.
+// ktrctl params against the virtual controller.
 
 #include "KtrctlProcess.h"
 #include "print/PdfText.h"
@@ -8,16 +7,6 @@
 #include <QTest>
 
 namespace {
-
-// The factory parameters of the virtual controller as a parameter file,
-// with the actuator size and VEL given.
-QByteArray paraFile(const QString& size, int vel)
-{
-    return QStringLiteral("\"QM-KTR\",\"PRM\" 6 \"HOME\",5,1 30 30 %2 10 10 \"AXIS\",7,1 65535 2 400 0 20 2 \"%1L100\" "
-                          "\"PG\",2,1 0 1000 \"ETC\",8,1 0 2 1000 2000 10 5 1 20 \"SPECIAL\",6,1 10 0 10 0 0 0 "
-                          "\"RESERVED\",7,1 0 0 0 0 0 0 0 ")
-        .arg(size).arg(vel).replace(u' ', QStringLiteral("\r\n")).toLatin1();
-}
 
 // Block 0 of that file with VEL 33 (0x21): the factory block otherwise.
 const QString Block0 = QStringLiteral("001E1E210A0A0003E8000A0A00000000");
@@ -92,8 +81,7 @@ private slots:
         QCOMPARE(lost.out, read.out);
     }
 
-    // 1.5 A is beyond the display's 16-bit arithmetic: the parameters read
-    // are still printed, and the exit status tells that not all was shown.
+    // 1.5 A overflows the display's 16 bits: the rest is printed, the exit status tells.
     void currentTooLargeKeepsTheParameters()
     {
         QTemporaryDir files;

@@ -12,9 +12,14 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-// A link on a port (a scripted one unless another is given), with an error
-// list of a few codes, English messages, numbered ports named "port<n>",
-// port-occupy off and a short time-out.
+// Messages of the link, in English.
+inline const QString TimedOut = QStringLiteral("Communication timeout error!\r\n\r\nCheck the followings;\r\n"
+                                               " 1.Power ON for controller?\r\n 2.Communication cables are connected?");
+inline const QString LengthError = QStringLiteral("Communication data length error occurs!\r\nLength of data is wrong.");
+inline const QString UnknownText = QStringLiteral("Communication error occurs!\r\nError No.101\r\n[Unknown command.]");
+
+// A link on a (scripted) port: a few error codes, English, ports "port<n>",
+// port-occupy off, a short time-out.
 template <typename Port = FakeSerialPort>
 struct LinkRig {
     LinkRig()

@@ -15,8 +15,6 @@ namespace {
 
 using Frames = QList<QByteArray>;
 
-const QString UnknownText = QStringLiteral("Communication error occurs!\r\nError No.101\r\n[Unknown command.]");
-
 // The others held off around a command of the window, as the transfers do.
 const QStringList HeldAround{"CMDBTN_Muko", "tabs off", "Menyu_Muko", "CMDBTN_Yuko", "tabs on", "Menyu_Yuko"};
 
@@ -30,7 +28,6 @@ public:
     QStringList calls;
 };
 
-// A link rig with everything a sequence needs.
 struct SequenceRig : LinkRig<> {
     CommandSet commands{link};
     RecordingLock lock;
@@ -41,7 +38,6 @@ struct SequenceRig : LinkRig<> {
 
 using Routine = int (*)(CommandSet&);
 
-// A routine of the command set, called on the set given.
 #define ROUTINE(call) Routine([](CommandSet& c) { return c.call; })
 
 } // namespace
@@ -52,8 +48,7 @@ class TestCommands : public QObject {
     Q_OBJECT
 
 private slots:
-    // Each routine's frame, time-out and reply length: a reply of exactly
-    // the expected length is accepted.
+    // Each routine's frame, time-out and reply length.
     void frames_data()
     {
         QTest::addColumn<Routine>("routine");
@@ -146,23 +141,20 @@ private slots:
         QVERIFY(!ProgramState::instance().gCommBusy);
     }
 
-    // The frames asked for are answered in turn with the replies. Only an
-    // error reply to "0RV" (a controller that does not know it) leads to the
-    // older form.
+    // Only an error reply to "0RV" leads to the older form.
     void versionQuery_data()
     {
         QTest::addColumn<Frames>("sent");
         QTest::addColumn<Frames>("replies");
         QTest::addColumn<int>("result");
         QTest::addColumn<QStringList>("told");
-        const QString length = QStringLiteral("Communication data length error occurs!\r\nLength of data is wrong.");
         QTest::newRow("0RV") << Frames{"0CM6", "0RV"} << Frames{"0CM6\r\n", "0RVK01123\r\n"} << 0
                              << QStringList{"The version of this controller is 1.23."};
         QTest::newRow("older form") << Frames{"0CM6", "0RV", "0%C"} << Frames{"0CM6\r\n", "0%%101\r\n", "0%CK0121000000\r\n"}
                                     << 0 << QStringList{UnknownText, "The version of this controller is 2.10."};
         QTest::newRow("check refused") << Frames{"0CM6"} << Frames{"0%%101\r\n"} << 1 << QStringList{UnknownText};
         QTest::newRow("garbled answer to 0RV") << Frames{"0CM6", "0RV", "0CM6"}
-                                               << Frames{"0CM6\r\n", "0RVK01\r\n", "0CM6\r\n"} << 1 << QStringList{length};
+                                               << Frames{"0CM6\r\n", "0RVK01\r\n", "0CM6\r\n"} << 1 << QStringList{LengthError};
         QTest::newRow("older form refused too") << Frames{"0CM6", "0RV", "0%C"}
                                                 << Frames{"0CM6\r\n", "0%%101\r\n", "0%%101\r\n"} << 1
                                                 << QStringList{UnknownText, UnknownText};
@@ -184,8 +176,7 @@ private slots:
         QVERIFY(!ProgramState::instance().gCommBusy);
     }
 
-    // While another command runs nothing of it is touched (frames, controls,
-    // busy flag, port), and the user is told why.
+    // While another command runs nothing is touched, and the user is told why.
     void refusedWhileAnotherRuns_data()
     {
         QTest::addColumn<bool>("version");

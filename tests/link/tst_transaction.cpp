@@ -9,17 +9,11 @@
 
 namespace {
 
-const QString TimeoutText = QStringLiteral(
-    "Communication timeout error!\r\n\r\nCheck the followings;\r\n"
-    " 1.Power ON for controller?\r\n 2.Communication cables are connected?");
 const QString OwnErrorText = QStringLiteral(
     "The controller reported an error of its own accord (not in reply to a command).\r\n"
     "Communication error occurs!\r\nError No.301\r\n[Overload alarm.]");
 const QString LostText = QStringLiteral(
     "The device of the communication port has gone away (was the cable or the USB adapter unplugged?).\r\n");
-const QString UnknownText = QStringLiteral("Communication error occurs!\r\nError No.101\r\n[Unknown command.]");
-const QString LengthText =
-    QStringLiteral("Communication data length error occurs!\r\nLength of data is wrong.");
 
 using Frames = QList<QByteArray>;
 
@@ -31,15 +25,13 @@ class TestTransaction : public QObject {
 private slots:
     void cleanup() { Waiter::clearAbort(); }
 
-    // However the line is cut into reads, the reply is whole and clears
-    // the lamp of an earlier error.
+    // However the line is cut, the reply is whole and clears the lamp.
     void acceptedReply_data()
     {
         QTest::addColumn<Frames>("chunks");
         QTest::addColumn<int>("expectedLength");
         QTest::addColumn<QString>("reply");
         QTest::newRow("one read") << Frames{"0RA1\r\n"} << 6 << "0RA1\r\n";
-        QTest::newRow("CR and LF in separate reads") << Frames{"0RA1\r", "\n"} << 6 << "0RA1\r\n";
         QTest::newRow("one character per read")
             << Frames{"0", "R", "A", "1", "\r", "\n"} << 6 << "0RA1\r\n";
         QTest::newRow("text after a CR LF inside a read stays in the line")
@@ -64,9 +56,8 @@ private slots:
         QVERIFY(rig.prompter.shown.isEmpty());
     }
 
-    // What came before the request is not its reply. An error line among it
-    // (whole and not yet read, or cut as the request went out) is decoded
-    // and told, and stays on the lamp; anything else is dropped.
+    // What came before the request is not its reply: an error line among it
+    // (whole, or cut) is told and stays on the lamp; the rest is dropped.
     void inputBeforeTheRequest_data()
     {
         QTest::addColumn<QByteArray>("before");
@@ -107,8 +98,7 @@ private slots:
         QCOMPARE(rig.alarms.status, told.isEmpty() ? QStringLiteral(" ") : QStringLiteral("Overload alarm."));
     }
 
-    // Each reply is judged in turn; the last one's box is checked. Without
-    // a hit the box shows the text of the last code that was found.
+    // Without a hit the box shows the text of the last code found.
     void errorReply_data()
     {
         QTest::addColumn<int>("msgBase");
@@ -155,10 +145,8 @@ private slots:
         QVERIFY(rig.prompter.shown.isEmpty());
     }
 
-    // No reply, or one of the wrong length or echo, after which "0CM6" is
-    // sent and its answer decides what is told (none within the time-out
-    // after a wrong echo). The port is released unless an error reply came
-    // or it is held for the run, and the next request finds it open.
+    // No reply, or a wrong length or echo (then "0CM6"'s answer decides what
+    // is told); the port is released unless an error reply came or it is held.
     void failures_data()
     {
         QTest::addColumn<QByteArray>("reply");
@@ -167,13 +155,13 @@ private slots:
         QTest::addColumn<QString>("told");
         QTest::addColumn<bool>("portOpen");
         const QByteArray none;
-        QTest::newRow("time-out") << none << none << false << TimeoutText << false;
-        QTest::newRow("time-out, port held") << none << none << true << TimeoutText << true;
-        QTest::newRow("wrong length") << QByteArray("0RA12\r\n") << QByteArray("0CM6\r\n") << false << LengthText << false;
-        QTest::newRow("wrong length, port held") << QByteArray("0RA12\r\n") << QByteArray("0CM6\r\n") << true << LengthText << true;
+        QTest::newRow("time-out") << none << none << false << TimedOut << false;
+        QTest::newRow("time-out, port held") << none << none << true << TimedOut << true;
+        QTest::newRow("wrong length") << QByteArray("0RA12\r\n") << QByteArray("0CM6\r\n") << false << LengthError << false;
+        QTest::newRow("wrong length, port held") << QByteArray("0RA12\r\n") << QByteArray("0CM6\r\n") << true << LengthError << true;
         QTest::newRow("check answered with an error") << QByteArray("0RA12\r\n") << QByteArray("0%%101\r\n") << false
                                                       << UnknownText << true;
-        QTest::newRow("wrong echo, no answer") << QByteArray("0RD1\r\n") << none << false << LengthText << false;
+        QTest::newRow("wrong echo, no answer") << QByteArray("0RD1\r\n") << none << false << LengthError << false;
     }
     void failures()
     {
@@ -205,8 +193,7 @@ private slots:
         QVERIFY(!rig.link.gCommError);
     }
 
-    // Closing the program ends a reply wait at once, also the one without
-    // a time limit after a wrong length, and tells nothing.
+    // Closing ends any reply wait at once, the endless one too, silently.
     void closingTheProgramEndsTheWait_data()
     {
         QTest::addColumn<QByteArray>("reply");
@@ -236,8 +223,7 @@ private slots:
         QVERIFY(!rig.link.busy());
     }
 
-    // The refused one is told why, and what it does next (closing the port)
-    // leaves the first one alone.
+    // The refused one is told why; its closing the port spares the first.
     void secondTransactionIsRefused()
     {
         LinkRig rig;
@@ -258,8 +244,7 @@ private slots:
                                                    "Try again when it has finished."});
     }
 
-    // Pulled while a request waits: said at once, not after the time-out.
-    // Pulled while idle: said only when it cannot be opened again.
+    // Pulled during a request: said at once; while idle: when it cannot reopen.
     void lostDeviceIsOpenedAgain()
     {
         LinkRig rig;

@@ -46,12 +46,6 @@ bool FakeSerialPort::open(const QString& name, const QString& settings)
     return true;
 }
 
-void FakeSerialPort::close()
-{
-    m_open = false;
-    ++closeCount;
-}
-
 void FakeSerialPort::pull()
 {
     m_open = false;
@@ -75,10 +69,4 @@ QByteArray FakeSerialPort::readAll()
     const QByteArray out = m_input;
     m_input.clear();
     return out;
-}
-
-void FakeSerialPort::discardInput()
-{
-    m_input.clear();
-    ++discardCount;
 }

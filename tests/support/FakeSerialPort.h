@@ -8,10 +8,8 @@
 #include <QSet>
 #include <QStringList>
 
-// A scriptable serial line for tests. Each written frame (CR LF removed) is
-// recorded; when an answer was scripted for it, the answer's chunks arrive
-// after the write, each as its own read (a zero-time timer, or delayMs
-// later). A frame without a scripted answer stays unanswered.
+// A scriptable serial line: frames written are recorded; a scripted answer's
+// chunks arrive after the write, each as its own read. Others stay unanswered.
 class FakeSerialPort : public SerialPort {
     Q_OBJECT
 public:
@@ -33,20 +31,18 @@ public:
     void pull();
 
     bool open(const QString& name, const QString& settings) override;
-    void close() override;
+    void close() override { m_open = false; }
     bool isOpen() const override { return m_open; }
     qint64 write(const QByteArray& data) override;
     qint64 bytesAvailable() const override { return m_input.size(); }
     QByteArray readAll() override;
-    void discardInput() override;
+    void discardInput() override { m_input.clear(); }
     QString errorString() const override { return m_error; }
 
     QList<QByteArray> frames;    // every frame written, CR LF removed
     QStringList openAttempts;    // every name open() was asked for
     QStringList opened;          // the names that opened
     QString lastSettings;
-    int closeCount = 0;
-    int discardCount = 0;
 
 private:
     struct Answer {

@@ -9,11 +9,6 @@
 #include <termios.h>
 #include <unistd.h>
 
-RawTerminalClient::RawTerminalClient(QObject* parent)
-    : QObject(parent)
-{
-}
-
 RawTerminalClient::~RawTerminalClient()
 {
     close();
@@ -45,11 +40,6 @@ void RawTerminalClient::close()
     m_buffer.clear();
 }
 
-bool RawTerminalClient::write(const QByteArray& bytes)
-{
-    return m_fd >= 0 && ::write(m_fd, bytes.constData(), size_t(bytes.size())) == bytes.size();
-}
-
 QByteArray RawTerminalClient::readLine(int timeoutMs)
 {
     Waiter::waitUntil([this] { return m_buffer.contains("\r\n"); }, timeoutMs);
@@ -63,7 +53,9 @@ QByteArray RawTerminalClient::readLine(int timeoutMs)
 QByteArray RawTerminalClient::ask(const QByteArray& request, int timeoutMs)
 {
     m_buffer.clear();
-    write(request + "\r\n");
+    const QByteArray line = request + "\r\n";
+    if (m_fd < 0 || ::write(m_fd, line.constData(), size_t(line.size())) != line.size())
+        return {};
     return readLine(timeoutMs);
 }
 

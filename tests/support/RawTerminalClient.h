@@ -11,14 +11,13 @@ class QSocketNotifier;
 // the program's own serial code in between.
 class RawTerminalClient : public QObject {
 public:
-    explicit RawTerminalClient(QObject* parent = nullptr);
+    using QObject::QObject;
     ~RawTerminalClient() override;
 
     bool open(const QString& path);
     void close();
     bool isOpen() const { return m_fd >= 0; }
 
-    bool write(const QByteArray& bytes);
     // Everything up to and including the first CR LF, or what arrived
     // before the time was up.
     QByteArray readLine(int timeoutMs = 1000);

@@ -2,8 +2,6 @@
 
 #include "common/Waiter.h"
 
-#include <csignal>
-
 SimProcess::SimProcess(const QString& program, QObject* parent)
     : QObject(parent)
     , m_program(program)
@@ -37,16 +35,6 @@ bool SimProcess::start(const QStringList& args, int timeoutMs)
         return false;
     m_devicePath = QString::fromLocal8Bit(m_stdout.left(m_stdout.indexOf('\n')).trimmed());
     return !m_devicePath.isEmpty();
-}
-
-int SimProcess::stop(int timeoutMs)
-{
-    return endWith(SIGTERM, timeoutMs);
-}
-
-int SimProcess::interrupt(int timeoutMs)
-{
-    return endWith(SIGINT, timeoutMs);
 }
 
 int SimProcess::endWith(int signal, int timeoutMs)

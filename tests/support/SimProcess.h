@@ -6,14 +6,9 @@
 #include <QString>
 #include <QStringList>
 
-// Runs ktr-sim on a pseudo-terminal for end-to-end tests: starts it, reads
-// the device path it prints on its first line, and stops it with SIGTERM
-// (when destroyed at the latest).
-//
-//   SimProcess sim(KTRSIM_PATH);
-//   QVERIFY(sim.start({"--time-scale", "0.05"}));
-//   run ktrctl with {"--port", sim.devicePath(), ...};
-//   QCOMPARE(sim.stop(), 0);
+#include <csignal>
+
+// ktr-sim on a pseudo-terminal, whose path it prints first; SIGTERM at the latest when destroyed.
 class SimProcess : public QObject {
 public:
     explicit SimProcess(const QString& program, QObject* parent = nullptr);
@@ -26,8 +21,8 @@ public:
 
     // Sends SIGTERM (or SIGINT, as Ctrl-C does) and waits; the exit code,
     // or -1 when it did not end normally in time.
-    int stop(int timeoutMs = 5000);
-    int interrupt(int timeoutMs = 5000);
+    int stop(int timeoutMs = 5000) { return endWith(SIGTERM, timeoutMs); }
+    int interrupt(int timeoutMs = 5000) { return endWith(SIGINT, timeoutMs); }
     bool isRunning() const { return m_process.state() != QProcess::NotRunning; }
 
     QByteArray standardError();
