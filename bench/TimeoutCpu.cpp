@@ -78,7 +78,10 @@ int main(int argc, char** argv)
         totalCpu += cpu;
         totalWall += seconds;
         out << QStringLiteral("round %1: result %2, wall %3 s, CPU %4 s (%5 % of one core)\n")
-                   .arg(i + 1).arg(result).arg(seconds, 0, 'f', 3).arg(cpu, 0, 'f', 4)
+                   .arg(i + 1)
+                   .arg(result)
+                   .arg(seconds, 0, 'f', 3)
+                   .arg(cpu, 0, 'f', 4)
                    .arg(100 * cpu / seconds, 0, 'f', 2);
     }
     out << QStringLiteral("2-second time-out: %1 % of one core on average (target below 2 %)\n")

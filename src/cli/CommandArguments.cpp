@@ -12,7 +12,9 @@ constexpr int UnexpectedArgument = 4818;
 
 CommandArguments::CommandArguments(const QStringList& valueOptions, const QStringList& flags,
                                    int maxWords)
-    : m_valueOptions(valueOptions), m_flags(flags), m_maxWords(maxWords)
+    : m_valueOptions(valueOptions)
+    , m_flags(flags)
+    , m_maxWords(maxWords)
 {
 }
 

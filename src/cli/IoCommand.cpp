@@ -37,7 +37,9 @@ int indexOf(IoLamp lamp)
 } // namespace
 
 IoCommand::IoCommand(CliSession& session, QObject* parent)
-    : QObject(parent), m_session(session), m_monitor(session.context(), *this)
+    : QObject(parent)
+    , m_session(session)
+    , m_monitor(session.context(), *this)
 {
     connect(&m_monitor, &IoMonitor::lampsShown, this, &IoCommand::readingShown);
 }

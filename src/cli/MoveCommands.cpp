@@ -16,7 +16,7 @@ namespace {
 constexpr int MoveFinished = 4520;
 constexpr int NotAtRest = 4521;
 constexpr int DwellNeedsContinuous = 4526;
-constexpr int LongestDwell = 655;   // tenths of a second, as the page allows
+constexpr int LongestDwell = 655; // tenths of a second, as the page allows
 
 const QString Continuous = QStringLiteral("--continuous");
 const QString Dwell = QStringLiteral("--dwell");

@@ -12,7 +12,8 @@ constexpr int MissingArgument = 4317;
 } // namespace
 
 ParamsArguments::ParamsArguments(const QStringList& options, const QStringList& files)
-    : m_options(options), m_fileNames(files)
+    : m_options(options)
+    , m_fileNames(files)
 {
 }
 

@@ -24,7 +24,7 @@
 
 namespace {
 
-constexpr int HelpFirst = 4801;      // usage line, description, "Options:", the options
+constexpr int HelpFirst = 4801; // usage line, description, "Options:", the options
 constexpr int HelpLast = 4809;
 constexpr int CommandsHeading = 4810;
 constexpr int ExitStatusLine = 4811;
@@ -67,20 +67,24 @@ void printHelp(QTextStream& out, const CommandRegistry& registry)
 {
     for (int id = HelpFirst; id <= HelpLast; ++id)
         out << Msg(id) << '\n';
-    out << '\n' << Msg(CommandsHeading) << '\n';
+    out << '\n'
+        << Msg(CommandsHeading) << '\n';
     for (const CliCommand& command : registry.commands())
         out << Msg(command.usageMessage) << '\n';
-    out << '\n' << Msg(ExitStatusLine) << '\n';
+    out << '\n'
+        << Msg(ExitStatusLine) << '\n';
 }
 
 // ktrctl COMMAND --help: the usage line, the command's own lines, the exit
 // statuses.
 void printCommandHelp(QTextStream& out, const CliCommand& command)
 {
-    out << Msg(HelpFirst) << "\n\n" << Msg(command.usageMessage) << '\n';
+    out << Msg(HelpFirst) << "\n\n"
+        << Msg(command.usageMessage) << '\n';
     if (command.detailMessage != 0)
         out << Msg(command.detailMessage) << '\n';
-    out << '\n' << Msg(ExitStatusLine) << '\n';
+    out << '\n'
+        << Msg(ExitStatusLine) << '\n';
 }
 
 QStringList argumentsOf(int argc, char* argv[])

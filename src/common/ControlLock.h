@@ -39,7 +39,11 @@ public:
     virtual int progress() const { return 0; }
     virtual void Hide_ProgressBar() {}
 
-    virtual void showTransfer(const QString& text, int maximum) { (void)text; (void)maximum; }
+    virtual void showTransfer(const QString& text, int maximum)
+    {
+        (void)text;
+        (void)maximum;
+    }
     virtual void setTransferProgress(int value) { (void)value; }
     virtual void hideTransfer() {}
 
@@ -48,4 +52,3 @@ public:
     // only slow the work down.
     virtual bool watched() const { return false; }
 };
-

@@ -14,9 +14,21 @@ QString unescape(const QString& field)
     for (qsizetype i = 0; i < field.size(); ++i) {
         if (field[i] == u'\\' && i + 1 < field.size()) {
             const QChar next = field[i + 1];
-            if (next == u'n') { out += u'\n'; ++i; continue; }
-            if (next == u't') { out += u'\t'; ++i; continue; }
-            if (next == u'\\') { out += u'\\'; ++i; continue; }
+            if (next == u'n') {
+                out += u'\n';
+                ++i;
+                continue;
+            }
+            if (next == u't') {
+                out += u'\t';
+                ++i;
+                continue;
+            }
+            if (next == u'\\') {
+                out += u'\\';
+                ++i;
+                continue;
+            }
         }
         out += field[i];
     }

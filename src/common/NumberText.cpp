@@ -52,10 +52,16 @@ int decimalPrefix(const QString& s, double* value)
     if (i < s.size() && (s[i] == u'+' || s[i] == u'-'))
         ++i;
     bool digits = false;
-    while (i < s.size() && isDecimalDigit(s[i])) { ++i; digits = true; }
+    while (i < s.size() && isDecimalDigit(s[i])) {
+        ++i;
+        digits = true;
+    }
     if (i < s.size() && s[i] == u'.') {
         ++i;
-        while (i < s.size() && isDecimalDigit(s[i])) { ++i; digits = true; }
+        while (i < s.size() && isDecimalDigit(s[i])) {
+            ++i;
+            digits = true;
+        }
     }
     if (!digits) {
         *value = 0;
@@ -83,8 +89,14 @@ bool radixPrefix(const QString& s, int* radix)
     if (s.size() < 2 || s[0] != u'&')
         return false;
     const QChar k = s[1].toUpper();
-    if (k == u'H') { *radix = 16; return true; }
-    if (k == u'O') { *radix = 8; return true; }
+    if (k == u'H') {
+        *radix = 16;
+        return true;
+    }
+    if (k == u'O') {
+        *radix = 8;
+        return true;
+    }
     return false;
 }
 
@@ -128,7 +140,7 @@ double ToNumber(const QString& text)
 
 namespace {
 
-template <typename T>
+template<typename T>
 T roundChecked(double value)
 {
     if (std::isnan(value))

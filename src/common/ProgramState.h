@@ -12,9 +12,9 @@ struct ProgramState {
     static void reset();
 
     // Language and start-up.
-    bool gForeignOs = false;          // system country is not Japan: English forced
-    qint16 gLanguage = 1;             // 1 Japanese, 2 English
-    qint32 gMsgBase = 0;              // 0 Japanese, 10000 English
+    bool gForeignOs = false; // system country is not Japan: English forced
+    qint16 gLanguage = 1;    // 1 Japanese, 2 English
+    qint32 gMsgBase = 0;     // 0 Japanese, 10000 English
     bool gLanguageChangePending = false;
     bool gSplashDone = false;
 
@@ -25,8 +25,8 @@ struct ProgramState {
     bool gDispMmUnit = true;
 
     // Sequences in progress.
-    bool gCommBusy = false;           // a controller sequence runs
-    bool gDataChanged = false;        // operation data edited since saved or transferred
+    bool gCommBusy = false;    // a controller sequence runs
+    bool gDataChanged = false; // operation data edited since saved or transferred
 
     // Numeric entry normalisation works on this shared text.
     QString gChkText;

@@ -25,7 +25,7 @@ public:
 
     Item readItem();
     QString readText();
-    double readNumber();     // empty item gives 0
+    double readNumber(); // empty item gives 0
     bool atEnd() const;
 
 private:

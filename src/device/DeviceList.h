@@ -48,9 +48,9 @@ public:
     const DeviceRecord& record(int i) const { return m_records.at(size_t(i)); }
 
     qint16 gDeviceCount = 0;
-    std::array<QString, MaxSizeKinds> gSizeKinds;  // distinct size keys, in order of first appearance
-    qint16 gSizeKindMax = 0;                       // highest index of gSizeKinds in use
-    bool gDevListMissing = false;                  // set by a failed read, never cleared
+    std::array<QString, MaxSizeKinds> gSizeKinds; // distinct size keys, in order of first appearance
+    qint16 gSizeKindMax = 0;                      // highest index of gSizeKinds in use
+    bool gDevListMissing = false;                 // set by a failed read, never cleared
 
 private:
     void readRecords(SeqReader& in);

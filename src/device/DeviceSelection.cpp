@@ -4,7 +4,8 @@
 #include "device/DeviceList.h"
 
 DeviceSelection::DeviceSelection(DeviceList& devices, Prompter& prompter)
-    : m_devices(devices), m_prompter(prompter)
+    : m_devices(devices)
+    , m_prompter(prompter)
 {
 }
 

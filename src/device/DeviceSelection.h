@@ -28,12 +28,12 @@ public:
     // The controls.
     QString familyText;
     SizeListBox comboDeviceSize{true};
-    int chkDevPgUse = 0;            // 1 ticked, 0 clear
+    int chkDevPgUse = 0; // 1 ticked, 0 clear
     bool chkDevPgUseEnabled = false;
     bool chkDevPgUseVisible = false;
 
     bool Cancelled = false;
-    bool closeRequested = false;    // the dialog is to close
+    bool closeRequested = false; // the dialog is to close
 
 private:
     DeviceList& m_devices;

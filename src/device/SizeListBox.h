@@ -9,7 +9,10 @@
 // list: a text that is none of its items leaves it without a selection.
 class SizeListBox {
 public:
-    explicit SizeListBox(bool listOnly = false) : m_listOnly(listOnly) {}
+    explicit SizeListBox(bool listOnly = false)
+        : m_listOnly(listOnly)
+    {
+    }
 
     // Removes the items; the text of an editable box stays.
     void clearItems();

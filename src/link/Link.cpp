@@ -28,7 +28,11 @@ const QString ResyncFrame = QStringLiteral("0CM6");
 // Marks a transaction in flight for as long as it runs, whichever way it returns.
 class InFlight {
 public:
-    explicit InFlight(bool& flag) : m_flag(flag) { m_flag = true; }
+    explicit InFlight(bool& flag)
+        : m_flag(flag)
+    {
+        m_flag = true;
+    }
     ~InFlight() { m_flag = false; }
     InFlight(const InFlight&) = delete;
     InFlight& operator=(const InFlight&) = delete;
@@ -50,8 +54,13 @@ QByteArray withoutLineEnd(const QString& line)
 struct Link::Private : QObject {
     Private(Link* link, SerialPort& serial, Prompter& ask, AlarmDisplay& lamps,
             const ErrorList& list)
-        : QObject(link), q(link), port(serial), prompter(ask), alarms(lamps), errors(list),
-          TimerTimeout(new QTimer(this))
+        : QObject(link)
+        , q(link)
+        , port(serial)
+        , prompter(ask)
+        , alarms(lamps)
+        , errors(list)
+        , TimerTimeout(new QTimer(this))
     {
         TimerTimeout->setSingleShot(true);
         connect(TimerTimeout, &QTimer::timeout, this, &Private::onTimeout);

@@ -9,7 +9,7 @@ public:
 
     struct Change {
         EntryOutcome outcome;
-        bool mHasDecimalPoint = false;   // recomputed from the resulting text
+        bool mHasDecimalPoint = false; // recomputed from the resulting text
     };
     // "." alone becomes "0." with the caret at its end; a value outside
     // 0.0..2.0 is cleared.

@@ -15,22 +15,22 @@ inline constexpr QChar EnterKey = QChar(13);
 
 enum class KeyAction {
     Accept,
-    Refuse,                // the key is swallowed
-    Enter,                 // swallowed; the field runs its leave rule (focus moves on)
-    EnterToWriteButton,    // as Enter, then the focus goes to cmdLoadtoCt
+    Refuse,             // the key is swallowed
+    Enter,              // swallowed; the field runs its leave rule (focus moves on)
+    EnterToWriteButton, // as Enter, then the focus goes to cmdLoadtoCt
 };
 
 enum class Background {
     Unchanged,
-    Window,   // the normal background
-    Marker,   // flags a field that was emptied because its entry was invalid
+    Window, // the normal background
+    Marker, // flags a field that was emptied because its entry was invalid
 };
 
 struct EntryOutcome {
-    std::optional<QString> text;       // the field's new text
+    std::optional<QString> text; // the field's new text
     Background background = Background::Unchanged;
-    std::optional<QString> txtVEL;     // a new speed value (gear changes only)
-    int caret = -1;                    // caret position after the new text, -1: as Qt leaves it
+    std::optional<QString> txtVEL; // a new speed value (gear changes only)
+    int caret = -1;                // caret position after the new text, -1: as Qt leaves it
 
     static EntryOutcome withText(const QString& text)
     {

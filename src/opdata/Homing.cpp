@@ -23,7 +23,9 @@ constexpr int HomingGivenUpMessage = 5101;
 
 } // namespace
 
-Homing::Homing(SequenceContext& ctx, OpDataView& view) : m_ctx(ctx), m_view(view)
+Homing::Homing(SequenceContext& ctx, OpDataView& view)
+    : m_ctx(ctx)
+    , m_view(view)
 {
 }
 

@@ -5,11 +5,22 @@
 #include <array>
 
 // The lamps of the input/output monitor.
-enum class IoLamp { InputStb, InputStop, OutputAlm, OutputRdy, OutputInp, OutputOut1, OutputOut2 };
+enum class IoLamp { InputStb,
+                    InputStop,
+                    OutputAlm,
+                    OutputRdy,
+                    OutputInp,
+                    OutputOut1,
+                    OutputOut2 };
 
 inline constexpr std::array<IoLamp, 7> AllIoLamps{
-    IoLamp::InputStb,  IoLamp::InputStop,  IoLamp::OutputAlm, IoLamp::OutputRdy,
-    IoLamp::OutputInp, IoLamp::OutputOut1, IoLamp::OutputOut2,
+    IoLamp::InputStb,
+    IoLamp::InputStop,
+    IoLamp::OutputAlm,
+    IoLamp::OutputRdy,
+    IoLamp::OutputInp,
+    IoLamp::OutputOut1,
+    IoLamp::OutputOut2,
 };
 
 // The controller's input and output bits, one table per reply: indexed by
@@ -18,8 +29,8 @@ inline constexpr std::array<IoLamp, 7> AllIoLamps{
 // as the program always kept them.
 class IoBits {
 public:
-    using InputTable = std::array<std::array<bool, 5>, 4>;    // InputBits: "0RI", 3 digits
-    using OutputTable = std::array<std::array<bool, 5>, 3>;   // OutputBits, OutputToggle: "0RO", 2 digits
+    using InputTable = std::array<std::array<bool, 5>, 4>;  // InputBits: "0RI", 3 digits
+    using OutputTable = std::array<std::array<bool, 5>, 3>; // OutputBits, OutputToggle: "0RO", 2 digits
 
     static constexpr int InputDigits = 3;
     static constexpr int OutputDigits = 2;
@@ -27,7 +38,7 @@ public:
 
     // Hexadecimal digits into digits 1..n of a table; a character that is no
     // hexadecimal digit counts as 0.
-    template <typename Table>
+    template<typename Table>
     static void decode(const QString& digits, Table& table)
     {
         for (int d = 1; d < int(table.size()) && d <= digits.size(); ++d) {

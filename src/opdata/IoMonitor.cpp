@@ -17,13 +17,15 @@ constexpr int StartCaption = 702;
 constexpr int StopCaption = 704;
 constexpr int MonitorMode = 7;
 constexpr int NormalMode = 0;
-constexpr int InputDigitsPos = 4;    // "0RI" + 3 digits
-constexpr int OutputDigitsPos = 4;   // "0RO" + 2 digits
+constexpr int InputDigitsPos = 4;  // "0RI" + 3 digits
+constexpr int OutputDigitsPos = 4; // "0RO" + 2 digits
 
 } // namespace
 
 IoMonitor::IoMonitor(SequenceContext& ctx, IoMonitorView& view, QObject* parent)
-    : QObject(parent), m_ctx(ctx), m_view(view)
+    : QObject(parent)
+    , m_ctx(ctx)
+    , m_view(view)
 {
     timerInputOutput1.setInterval(PollIntervalMs);
     connect(&timerInputOutput1, &QTimer::timeout, this, &IoMonitor::poll);

@@ -29,7 +29,7 @@ constexpr int StatusFinished = 1;
 constexpr int StatusStopped = 2;
 constexpr int StatusFailed = -1;
 
-constexpr int DwellUnitMs = 100;   // the dwell is entered in tenths of a second
+constexpr int DwellUnitMs = 100; // the dwell is entered in tenths of a second
 constexpr qint16 SeriesEnd = MoveRun::SeriesLength + 1;
 
 bool pointInRange(int point)
@@ -40,7 +40,10 @@ bool pointInRange(int point)
 } // namespace
 
 MoveRun::MoveRun(SequenceContext& ctx, MoveTestState& state, OpDataView& view, QObject* parent)
-    : QObject(parent), m_ctx(ctx), m_state(state), m_view(view)
+    : QObject(parent)
+    , m_ctx(ctx)
+    , m_state(state)
+    , m_view(view)
 {
     Timer2.setSingleShot(true);
     // The dwell is a timing the user set: not the 5% early a coarse timer may fire.

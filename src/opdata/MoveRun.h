@@ -22,10 +22,10 @@ public:
     static constexpr int SeriesLength = 15;
 
     enum class Result {
-        Done,        // the moves ran (a stopped series too)
-        NotAtRest,   // the controller was moving or in alarm: nothing was sent
-        Failed,      // a transaction failed and was reported, the wait was aborted, or
-                     // STOP gave up a move the controller had stopped short of its end
+        Done,      // the moves ran (a stopped series too)
+        NotAtRest, // the controller was moving or in alarm: nothing was sent
+        Failed,    // a transaction failed and was reported, the wait was aborted, or
+                   // STOP gave up a move the controller had stopped short of its end
     };
 
     MoveRun(SequenceContext& ctx, MoveTestState& state, OpDataView& view, QObject* parent = nullptr);
@@ -45,7 +45,10 @@ signals:
     void moveFinished(int moveNo);
 
 private:
-    enum class Poll { Finished, Failed, Aborted, GivenUp };
+    enum class Poll { Finished,
+                      Failed,
+                      Aborted,
+                      GivenUp };
 
     Result steps();
     void takeLeftovers(bool continuous);

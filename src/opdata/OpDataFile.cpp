@@ -37,15 +37,15 @@ void readHeader(SeqReader& in, PosiTable& PosiDataRead)
 
 void readRow0(SeqReader& in, PosiTable& PosiDataRead)
 {
-    in.readItem();                                        // row number
+    in.readItem(); // row number
     const qint16 vel = RoundToInt16(in.readNumber());
     const qint16 acc = RoundToInt16(in.readNumber());
-    in.readItem();                                        // Spare1: not kept
-    in.readItem();                                        // Spare2: not kept
-    in.readItem();                                        // DIR: not kept
+    in.readItem(); // Spare1: not kept
+    in.readItem(); // Spare2: not kept
+    in.readItem(); // DIR: not kept
     const qint32 division = RoundToInt32(in.readNumber());
     const qint32 gear = RoundToInt32(in.readNumber());
-    in.readItem();                                        // Spare3: not kept
+    in.readItem(); // Spare3: not kept
     PosiDataRead[PosiTable::VEL] = vel;
     PosiDataRead[PosiTable::ACC] = acc;
     PosiDataRead[PosiTable::DIVISION] = division;

@@ -32,8 +32,12 @@ QString titleOf(const QString& path)
 OpDataFileCommands::OpDataFileCommands(Prompter& prompter, ControlLock& lock,
                                        ProgressDisplay& progress, FileChooser& files,
                                        OpDataState& state, OpDataView& view)
-    : m_prompter(prompter), m_lock(lock), m_progress(progress), m_files(files), m_state(state),
-      m_view(view)
+    : m_prompter(prompter)
+    , m_lock(lock)
+    , m_progress(progress)
+    , m_files(files)
+    , m_state(state)
+    , m_view(view)
 {
 }
 
@@ -64,7 +68,8 @@ int OpDataFileCommands::openSteps()
     if (path.isEmpty())
         return 1;
     if (OpDataFile::ReadPosidataFile(path, m_state.PosiDataRead, m_state.generationLabel,
-                                     m_prompter) != 0)
+                                     m_prompter)
+        != 0)
         return 1;
 
     m_state.PosiData.copyRow0(m_state.PosiDataRead, PosiTable::VEL, PosiTable::Spare3);

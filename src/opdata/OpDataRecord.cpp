@@ -11,7 +11,7 @@ namespace {
 struct Field {
     PosiTable::Column column;
     int width;
-    int replyPos;   // 1-based position in the "0RP" reply
+    int replyPos; // 1-based position in the "0RP" reply
 };
 
 constexpr std::array<Field, 7> Fields{{

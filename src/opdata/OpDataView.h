@@ -14,8 +14,8 @@ public:
     // never recomputes the speed value.
     virtual void showScreen(const OpDataScreen& screen) = 0;
 
-    virtual void setSpeedChoiceEnabled(bool enabled) = 0;   // comboVEL
-    virtual void setHomeEnabled(bool enabled) = 0;          // cmdHOME
-    virtual void setResetEnabled(bool enabled) = 0;         // cmdRESET
-    virtual void setStopEnabled(bool enabled) = 0;          // cmdSTOP
+    virtual void setSpeedChoiceEnabled(bool enabled) = 0; // comboVEL
+    virtual void setHomeEnabled(bool enabled) = 0;        // cmdHOME
+    virtual void setResetEnabled(bool enabled) = 0;       // cmdRESET
+    virtual void setStopEnabled(bool enabled) = 0;        // cmdSTOP
 };

@@ -14,14 +14,14 @@ public:
 
     // Columns of row 0.
     enum Column {
-        VEL = 1,        // speed value sent to the controller
-        ACC = 2,        // acceleration choice 1..3
-        Spare1 = 3,     // carried unchanged from the last read
-        Spare2 = 4,     // carried unchanged from the last read
-        DIR = 5,        // 0 CW, 1 CCW
-        DIVISION = 6,   // index positions per output turn
-        GEAR = 7,       // motor turns per output turn
-        Spare3 = 8,     // kept in the file only
+        VEL = 1,      // speed value sent to the controller
+        ACC = 2,      // acceleration choice 1..3
+        Spare1 = 3,   // carried unchanged from the last read
+        Spare2 = 4,   // carried unchanged from the last read
+        DIR = 5,      // 0 CW, 1 CCW
+        DIVISION = 6, // index positions per output turn
+        GEAR = 7,     // motor turns per output turn
+        Spare3 = 8,   // kept in the file only
     };
 
     // Throws RuntimeError Subscript outside the table.

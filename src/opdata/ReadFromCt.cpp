@@ -27,7 +27,9 @@ constexpr int RecordNo = 1;
 } // namespace
 
 ReadFromCt::ReadFromCt(SequenceContext& ctx, OpDataState& state, OpDataView& view)
-    : m_ctx(ctx), m_state(state), m_view(view)
+    : m_ctx(ctx)
+    , m_state(state)
+    , m_view(view)
 {
 }
 

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int TimerLimit = 656;   // tenths of a second; 655 is the longest dwell
+constexpr int TimerLimit = 656; // tenths of a second; 655 is the longest dwell
 
 bool allDigits(const QString& text)
 {

@@ -13,7 +13,10 @@ public:
     // long enough to be seen, short enough not to slow the work down.
     static constexpr int PauseMs = 100;
 
-    explicit TransferProgress(ProgressDisplay& display) : m_display(display) {}
+    explicit TransferProgress(ProgressDisplay& display)
+        : m_display(display)
+    {
+    }
 
     void show(const QString& text, int maximum)
     {

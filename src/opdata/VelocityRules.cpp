@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int SpeedUnit = 300;   // speed value of choice 1 at gear 1
+constexpr int SpeedUnit = 300; // speed value of choice 1 at gear 1
 constexpr int LowestChoice = 1;
 constexpr int HighestChoice = 30;
 

@@ -9,7 +9,7 @@
 // parameter commands and the tab strip disabled and the link marked busy;
 // the user cannot start a second transaction from the other tab meanwhile.
 // Everything is restored and the port closed whatever the outcome.
-template <typename Sequence>
+template<typename Sequence>
 void runParaTransaction(SequenceContext& ctx, Sequence&& sequence)
 {
     ctx.lock.Menyu_Muko();

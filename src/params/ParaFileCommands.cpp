@@ -19,7 +19,8 @@ constexpr int ProposedFileName = 4302;
 } // namespace
 
 ParaFileCommands::ParaFileCommands(Prompter& prompter, FileChooser& files)
-    : m_prompter(prompter), m_files(files)
+    : m_prompter(prompter)
+    , m_files(files)
 {
 }
 

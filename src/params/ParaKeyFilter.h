@@ -9,14 +9,14 @@
 // the box is left.
 
 enum class ParaBox {
-    HomeOffset,    // txtHomeOffset, 5
-    HomeVel,       // txtHomeVel, 2
-    HomeOfsVel,    // txtHomeOfsVel, 2
-    AxisPulse,     // txtAxisPulse, 5
-    PgAlarm,       // txtPgAlarm, 5
-    InpLimit,      // txtInpLimit, 3
-    PgCheckTimer,  // txtPgCheckTimer, 3
-    LsSerchTimer,  // txtLsSerchTimer, 3
+    HomeOffset,   // txtHomeOffset, 5
+    HomeVel,      // txtHomeVel, 2
+    HomeOfsVel,   // txtHomeOfsVel, 2
+    AxisPulse,    // txtAxisPulse, 5
+    PgAlarm,      // txtPgAlarm, 5
+    InpLimit,     // txtInpLimit, 3
+    PgCheckTimer, // txtPgCheckTimer, 3
+    LsSerchTimer, // txtLsSerchTimer, 3
 };
 
 // The box of a control's objectName; nothing for other controls.

@@ -8,7 +8,12 @@
 // written as 32 hexadecimal digits each. One row per field; the decoder, the
 // encoder and the verification all walk this table.
 
-enum class ParaGroup { Home, Axis, Pg, Etc, Special, Reserved };
+enum class ParaGroup { Home,
+                       Axis,
+                       Pg,
+                       Etc,
+                       Special,
+                       Reserved };
 
 // How a field's digits turn into its image entry and back.
 enum class ParaCodec {
@@ -20,10 +25,10 @@ enum class ParaCodec {
 
 struct ParaMapRow {
     int block;
-    int pos;          // first character in the "0RD" reply, counted from 1
-    int digits;       // 2, 4 or 6
-    int entry;        // CtParaImage entry
-    QString name;     // verification name; empty for fields that are not compared
+    int pos;      // first character in the "0RD" reply, counted from 1
+    int digits;   // 2, 4 or 6
+    int entry;    // CtParaImage entry
+    QString name; // verification name; empty for fields that are not compared
     ParaGroup group;
     ParaCodec codec;
 };

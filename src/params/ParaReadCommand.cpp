@@ -26,7 +26,9 @@ constexpr int NotSavedNotRead = 5000;
 } // namespace
 
 ParaReadCommand::ParaReadCommand(SequenceContext& ctx, ParaData& data, DeviceList& devices)
-    : m_ctx(ctx), m_data(data), m_devices(devices)
+    : m_ctx(ctx)
+    , m_data(data)
+    , m_devices(devices)
 {
 }
 

@@ -15,7 +15,7 @@ struct ParaScreen {
     // AXIS
     QString txtAxisPulse;
     int comboAxisAutoDrv = -1;
-    QString comboActSize;       // the size as shown: "28", "35", "42", "SP"
+    QString comboActSize; // the size as shown: "28", "35", "42", "SP"
     // PG
     int comboPgFunc = -1;
     QString txtPgAlarm;

@@ -11,11 +11,11 @@
 // controller meaning is not known to this program, it only keeps and sends them.
 
 struct ParaHome {
-    qint32 offset = 0;        // OFFSET, 1..65535
-    qint16 homeByte = 0;      // 1..255
-    qint16 vel = 0;           // VEL, 1..60
-    qint16 ofsVel = 0;        // OFSVEL, 1..60
-    qint16 homeSpeed = 0;     // 1..60
+    qint32 offset = 0;    // OFFSET, 1..65535
+    qint16 homeByte = 0;  // 1..255
+    qint16 vel = 0;       // VEL, 1..60
+    qint16 ofsVel = 0;    // OFSVEL, 1..60
+    qint16 homeSpeed = 0; // 1..60
 };
 
 struct ParaAxis {
@@ -32,28 +32,28 @@ struct ParaAxis {
 };
 
 struct ParaPg {
-    qint16 function = 0;      // FUNCTION, 0..1 (index of comboPgFunc)
-    qint32 alm = 0;           // ALM, 0..65535
+    qint16 function = 0; // FUNCTION, 0..1 (index of comboPgFunc)
+    qint32 alm = 0;      // ALM, 0..65535
 };
 
 struct ParaEtc {
-    qint16 homeOut = 0;       // HOME OUT, 0..3 (index of comboHomeOut)
-    qint16 selector = 0;      // 0..2
-    qint32 value1 = 0;        // 0..262143
-    qint32 value2 = 0;        // 0..262143
-    qint16 inpWid = 0;        // IN-P WID, not range-checked (its box allows 3 digits)
-    qint16 etcByte = 0;       // not range-checked
-    qint16 flag = 0;          // 0..1
-    qint16 percent = 0;       // 0..100
+    qint16 homeOut = 0;  // HOME OUT, 0..3 (index of comboHomeOut)
+    qint16 selector = 0; // 0..2
+    qint32 value1 = 0;   // 0..262143
+    qint32 value2 = 0;   // 0..262143
+    qint16 inpWid = 0;   // IN-P WID, not range-checked (its box allows 3 digits)
+    qint16 etcByte = 0;  // not range-checked
+    qint16 flag = 0;     // 0..1
+    qint16 percent = 0;  // 0..100
 };
 
 struct ParaSpecial {
-    qint16 pgTimer = 0;       // PG TIMER, 0..255
-    qint16 autoHome = 0;      // AUTO HOME, 0..1
-    qint16 lsTimer = 0;       // LS TIMER, 0..255
-    qint16 emgLogic = 0;      // EMG LOGIC, 0..1
-    qint16 alm1Clear = 0;     // ALM1 CLEAR, 0..1
-    qint16 flag = 0;          // 0..1
+    qint16 pgTimer = 0;   // PG TIMER, 0..255
+    qint16 autoHome = 0;  // AUTO HOME, 0..1
+    qint16 lsTimer = 0;   // LS TIMER, 0..255
+    qint16 emgLogic = 0;  // EMG LOGIC, 0..1
+    qint16 alm1Clear = 0; // ALM1 CLEAR, 0..1
+    qint16 flag = 0;      // 0..1
 };
 
 struct ParaSet {

@@ -16,7 +16,8 @@
 #include "params/ParaValueCheck.h"
 
 ParaVerifyCommand::ParaVerifyCommand(SequenceContext& ctx, ParaData& data)
-    : m_ctx(ctx), m_data(data)
+    : m_ctx(ctx)
+    , m_data(data)
 {
 }
 

@@ -7,9 +7,9 @@
 #include "link/Link.h"
 #include "link/Prompter.h"
 #include "link/SequenceContext.h"
-#include "params/ParaCommandFrame.h"
 #include "params/ActuatorSize.h"
 #include "params/ParaBlockCodec.h"
+#include "params/ParaCommandFrame.h"
 #include "params/ParaData.h"
 #include "params/ParaScreen.h"
 #include "params/ParaScreenTransfer.h"
@@ -36,7 +36,8 @@ bool isHexDigits(const QString& digits, int count)
 } // namespace
 
 ParaWriteCommand::ParaWriteCommand(SequenceContext& ctx, ParaData& data)
-    : m_ctx(ctx), m_data(data)
+    : m_ctx(ctx)
+    , m_data(data)
 {
 }
 

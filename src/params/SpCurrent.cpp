@@ -9,7 +9,7 @@
 namespace {
 
 constexpr double UnitsPerAmpere = 1875;
-constexpr int CurrentPos = 12;    // data digits 13 to 16, counted from 0
+constexpr int CurrentPos = 12; // data digits 13 to 16, counted from 0
 constexpr int CurrentDigits = 4;
 
 qint16 multiply16(qint16 a, qint16 b)

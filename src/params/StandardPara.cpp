@@ -29,7 +29,9 @@ QString standardMotorCode()
 } // namespace
 
 StandardPara::StandardPara(ControlLock& lock, Prompter& prompter, DeviceSelector& selector)
-    : m_lock(lock), m_prompter(prompter), m_selector(selector)
+    : m_lock(lock)
+    , m_prompter(prompter)
+    , m_selector(selector)
 {
 }
 

@@ -45,7 +45,8 @@ QString OpDataPrintout::sourceText() const
     if (!m_data.fromFile)
         return Msg(ScreenSourceMsg);
     const int generation = m_data.generation == OpDataPrintData::Generation::Old
-                               ? OldGenerationMsg : NewGenerationMsg;
+        ? OldGenerationMsg
+        : NewGenerationMsg;
     return Msg(FileNameMsg) + m_data.fileName + u' ' + Msg(generation);
 }
 

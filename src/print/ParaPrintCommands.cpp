@@ -17,7 +17,10 @@
 
 ParaPrintCommands::ParaPrintCommands(Prompter& prompter, FileChooser& files, ControlLock& lock,
                                      PrintFunction print)
-    : m_prompter(prompter), m_files(files), m_lock(lock), m_print(std::move(print))
+    : m_prompter(prompter)
+    , m_files(files)
+    , m_lock(lock)
+    , m_print(std::move(print))
 {
 }
 

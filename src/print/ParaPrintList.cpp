@@ -11,14 +11,14 @@ namespace {
 
 // The image entry behind each print position 1 to 16.
 constexpr std::array<int, 16> printedEntries{
-    1, 3, 4,                    // OFFSET, VEL, OFSVEL
-    8, 9, MotorSizeEntry, MotorCodeEntry,  // PULSE, AUTODRIVE, size text, motor code
-    13, 14,                     // FUNCTION, ALM
-    15, 19,                     // HOME OUT, IN-P WID
-    23, 24, 25, 26, 27,         // PG TIMER, AUTO HOME, LS TIMER, EMG LOGIC, ALM1 CLEAR
+    1, 3, 4,                              // OFFSET, VEL, OFSVEL
+    8, 9, MotorSizeEntry, MotorCodeEntry, // PULSE, AUTODRIVE, size text, motor code
+    13, 14,                               // FUNCTION, ALM
+    15, 19,                               // HOME OUT, IN-P WID
+    23, 24, 25, 26, 27,                   // PG TIMER, AUTO HOME, LS TIMER, EMG LOGIC, ALM1 CLEAR
 };
 
-template <typename ValueOf>
+template<typename ValueOf>
 PrintParaList fill(ValueOf valueOf)
 {
     PrintParaList list;

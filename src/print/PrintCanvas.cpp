@@ -7,7 +7,7 @@
 namespace {
 constexpr double MmPerInch = 25.4;
 constexpr double RuleWidthMm = 0.25;
-}
+} // namespace
 
 PrintCanvas::PrintCanvas(QPaintDevice& device)
     : m_painter(&device)

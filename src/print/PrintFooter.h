@@ -11,7 +11,10 @@ class PrintCanvas;
 // same place, whatever its own line pitch.
 class PrintFooter {
 public:
-    explicit PrintFooter(const QDateTime& printedAt) : m_printedAt(printedAt) {}
+    explicit PrintFooter(const QDateTime& printedAt)
+        : m_printedAt(printedAt)
+    {
+    }
 
     QString text() const;
     void draw(PrintCanvas& canvas) const;

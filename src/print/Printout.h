@@ -10,9 +10,9 @@ class QPaintDevice;
 class Printout {
 public:
     enum class Outcome {
-        Sent,         // drawn and ended: the page went to the device
-        NotStarted,   // the device could not be opened for drawing
-        NotFinished,  // drawn, but the device failed to take the page
+        Sent,        // drawn and ended: the page went to the device
+        NotStarted,  // the device could not be opened for drawing
+        NotFinished, // drawn, but the device failed to take the page
     };
 
     virtual ~Printout() = default;

@@ -10,8 +10,8 @@ struct ProgramState;
 // is not Japan always runs in English; otherwise the stored choice decides.
 struct LanguageDecision {
     bool foreignOs = false;
-    qint16 language = 1;   // 1 Japanese; any other value runs in English
-    qint32 msgBase = 0;    // 0 Japanese, 10000 English
+    qint16 language = 1; // 1 Japanese; any other value runs in English
+    qint32 msgBase = 0;  // 0 Japanese, 10000 English
 };
 
 class LanguageStartup {

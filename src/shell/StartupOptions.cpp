@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int UsageFirst = 5400;   // usage line, description, "Options:", the options
+constexpr int UsageFirst = 5400; // usage line, description, "Options:", the options
 constexpr int UsageLast = 5407;
 constexpr int UnknownOption = 5410;
 constexpr int NeedsValue = 5411;

@@ -8,8 +8,8 @@
 // the numbered port for this run.
 struct StartupOptions {
     bool simulator = false;
-    QString portName;        // --port NAME
-    QString screenshotDir;   // --screenshot DIR: write pictures of the windows and end
+    QString portName;      // --port NAME
+    QString screenshotDir; // --screenshot DIR: write pictures of the windows and end
     bool help = false;
     bool version = false;
 

@@ -40,7 +40,7 @@ private:
     QByteArray m_pending;
     QElapsedTimer m_clock;
     QTimer m_timer;
-    qint64 m_busySinceNs = 0; // when the first character of this burst began
-    qint64 m_sent = 0;        // characters of this burst already out
+    qint64 m_busySinceNs = 0;   // when the first character of this burst began
+    qint64 m_sent = 0;          // characters of this burst already out
     qint64 m_requestDoneNs = 0; // when the last request is all in
 };

@@ -33,16 +33,16 @@ struct SimFaults {
     // The noise put in front of a reply by `garbage`.
     static QByteArray garbageBytes() { return QByteArray("\xFF\x00\x7E\x13", 4); }
 
-    CommandMatch silence;        // the request is lost: no answer, no effect
-    CommandMatch late;           // answered lateMs after the request
+    CommandMatch silence; // the request is lost: no answer, no effect
+    CommandMatch late;    // answered lateMs after the request
     int lateMs = 0;
-    CommandMatch extraChar;      // one character too many before CR LF
-    CommandMatch wrongEcho;      // the reply names another command
-    CommandMatch splitCrLf;      // CR and LF in separate writes
+    CommandMatch extraChar; // one character too many before CR LF
+    CommandMatch wrongEcho; // the reply names another command
+    CommandMatch splitCrLf; // CR and LF in separate writes
     int splitGapMs = SplitGapMs;
-    CommandMatch errorReply;     // refused with errorCode instead of executed
+    CommandMatch errorReply; // refused with errorCode instead of executed
     QByteArray errorCode;
-    CommandMatch garbage;        // noise bytes in front of the reply
+    CommandMatch garbage; // noise bytes in front of the reply
 
     // An alarm (301, 302 or 303): raised alarmAfterMs after start, or
     // part-way through the next move when alarmOnMove is set.

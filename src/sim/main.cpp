@@ -33,7 +33,7 @@ void report(const QString& text)
     err().flush();
 }
 
-template <typename Front>
+template<typename Front>
 void stopOnFailure(Front& front, const QString& device, int& status)
 {
     QObject::connect(&front, &Front::failed, &front, [&status, device](const QString& reason) {

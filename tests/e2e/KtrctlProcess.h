@@ -76,7 +76,7 @@ private:
 
 struct TraceFrame {
     int ms;
-    QString text;   // "> 0MP01" or "< 0RA1"
+    QString text; // "> 0MP01" or "< 0RA1"
 };
 
 // The frames of a --trace run, with their times.
@@ -121,5 +121,8 @@ inline QByteArray paraFile(const QString& size, int vel)
     return QStringLiteral("\"QM-KTR\",\"PRM\" 6 \"HOME\",5,1 30 30 %2 10 10 \"AXIS\",7,1 65535 2 400 0 20 2 \"%1L100\" "
                           "\"PG\",2,1 0 1000 \"ETC\",8,1 0 2 1000 2000 10 5 1 20 \"SPECIAL\",6,1 10 0 10 0 0 0 "
                           "\"RESERVED\",7,1 0 0 0 0 0 0 0 ")
-        .arg(size).arg(vel).replace(u' ', QStringLiteral("\r\n")).toLatin1();
+        .arg(size)
+        .arg(vel)
+        .replace(u' ', QStringLiteral("\r\n"))
+        .toLatin1();
 }

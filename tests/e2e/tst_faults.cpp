@@ -51,7 +51,8 @@ struct PtyLink : LinkRig<QtSerialPort> {
 // per test process, as the serial port locks a device by its file name.
 class Adapter {
 public:
-    Adapter() : m_name(m_dir.filePath(QStringLiteral("ttyKTR%1").arg(QCoreApplication::applicationPid())))
+    Adapter()
+        : m_name(m_dir.filePath(QStringLiteral("ttyKTR%1").arg(QCoreApplication::applicationPid())))
     {
         plugIn();
     }
@@ -212,8 +213,10 @@ private slots:
         QTest::addColumn<QString>("lastFrame");
         QTest::addColumn<int>("verifyStatus");
         QTest::addColumn<QString>("report");
-        QTest::newRow("between the blocks") << "3" << "0WD1" << 3 << "Result of Verify - NG\n<HOME Parameter> :VEL,\n";
-        QTest::newRow("at the closing 0WE") << "5" << "0WE" << 0 << "Result of Verify - OK\n";
+        QTest::newRow("between the blocks") << "3"
+                                            << "0WD1" << 3 << "Result of Verify - NG\n<HOME Parameter> :VEL,\n";
+        QTest::newRow("at the closing 0WE") << "5"
+                                            << "0WE" << 0 << "Result of Verify - OK\n";
     }
     void restartDuringParameterWrite()
     {

@@ -41,9 +41,7 @@ struct Request {
     int length;
     const char* data;
 };
-const std::array<Request, 9> Requests{{{"0RA", 6, ""}, {"0RD", 38, "0"}, {"0RD", 38, "2"},
-                                       {"0RV", 11, ""}, {"0RI", 8, ""}, {"0RO", 7, ""},
-                                       {"0CM", 6, "6"}, {"0RP", 23, "01"}, {"0AR", 5, ""}}};
+const std::array<Request, 9> Requests{{{"0RA", 6, ""}, {"0RD", 38, "0"}, {"0RD", 38, "2"}, {"0RV", 11, ""}, {"0RI", 8, ""}, {"0RO", 7, ""}, {"0CM", 6, "6"}, {"0RP", 23, "01"}, {"0AR", 5, ""}}};
 
 const QString Refused = QStringLiteral("Communication error occurs!\r\nError No.101\r\n[101: Unknown command.]");
 
@@ -133,8 +131,10 @@ private slots:
                                                     QLatin1String(request.data));
 
             const QString where = QStringLiteral("transaction %1 (seed %2): %3%4 with %5")
-                                      .arg(n).arg(Seed).arg(QLatin1String(request.command),
-                                                            QLatin1String(request.data), QLatin1String(kind.name));
+                                      .arg(n)
+                                      .arg(Seed)
+                                      .arg(QLatin1String(request.command),
+                                           QLatin1String(request.data), QLatin1String(kind.name));
             const QStringList expected = kind.told.isEmpty() ? QStringList{} : QStringList{kind.told};
             QVERIFY2(!link.busy() && result == int(!kind.told.isEmpty()) && prompter.texts() == expected,
                      qPrintable(where + QStringLiteral(": told ") + prompter.texts().join(u'|')));

@@ -16,16 +16,19 @@ private slots:
         QTest::addColumn<QStringList>("simArgs");
         QTest::addColumn<QString>("command");
         QTest::addColumn<QStringList>("frames");
-        QTest::addColumn<QString>("out");    // a pattern for all of stdout
-        QTest::addColumn<QString>("told");   // a part of stderr
+        QTest::addColumn<QString>("out");  // a pattern for all of stdout
+        QTest::addColumn<QString>("told"); // a part of stderr
         QTest::newRow("version") << QStringList{} << "version" << QStringList{"0CM6", "0RV"} << "1\\.00\n"
                                  << "\nThe version of this controller is 1.00.\n";
         QTest::newRow("version, older form") << QStringList{"--error-reply", "RV:101"} << "version"
                                              << QStringList{"0CM6", "0RV", "0%C"} << "1\\.00\n"
                                              << "Communication error occurs!\nError No.101\n[101: Unknown command.]\n";
-        QTest::newRow("status") << QStringList{} << "status" << QStringList{"0RA"} << "[0-3]\n" << "";
-        QTest::newRow("reset") << QStringList{} << "reset" << QStringList{"0AR"} << "" << "";
-        QTest::newRow("check") << QStringList{} << "check" << QStringList{"0CM6"} << "" << "";
+        QTest::newRow("status") << QStringList{} << "status" << QStringList{"0RA"} << "[0-3]\n"
+                                << "";
+        QTest::newRow("reset") << QStringList{} << "reset" << QStringList{"0AR"} << ""
+                               << "";
+        QTest::newRow("check") << QStringList{} << "check" << QStringList{"0CM6"} << ""
+                               << "";
     }
     void plainCommands()
     {

@@ -102,7 +102,7 @@ private slots:
                 QVERIFY2(gap >= 490 && gap <= 800, qPrintable(QString::number(gap)));
             }
         }
-        QCOMPARE(gaps, 3);   // every move sent, no fourth
+        QCOMPARE(gaps, 3); // every move sent, no fourth
     }
 
     // The outputs read 00; a click on OUT1 writes 02 and reads it back.
@@ -111,8 +111,7 @@ private slots:
         PtyController controller;
         KtrctlProcess ktrctl;
         ktrctl.start({"--port", controller.device(), "--trace", "io", "--toggle", "OUT1"});
-        const QList<QPair<QByteArray, QByteArray>> exchange{{"0CM7", "0CM7"}, {"0RI", "0RI000"}, {"0RO", "0RO00"},
-            {"0WO02", "0WO02"}, {"0RI", "0RI800"}, {"0RO", "0RO02"}, {"0CM0", "0CM0"}};
+        const QList<QPair<QByteArray, QByteArray>> exchange{{"0CM7", "0CM7"}, {"0RI", "0RI000"}, {"0RO", "0RO00"}, {"0WO02", "0WO02"}, {"0RI", "0RI800"}, {"0RO", "0RO02"}, {"0CM0", "0CM0"}};
         for (const auto& [request, reply] : exchange)
             QVERIFY2(controller.answer(request, reply), request.constData());
         const CtlRun run = ktrctl.finish();
@@ -130,7 +129,7 @@ private slots:
         QTest::addColumn<QString>("seen");
         QTest::addColumn<int>("interrupts");
         QTest::addColumn<int>("exitCode");
-        QTest::addColumn<QString>("lastLine");   // of stderr
+        QTest::addColumn<QString>("lastLine"); // of stderr
         QTest::newRow("io --watch") << QStringList{} << QStringList{"io", "--watch"} << "< 0RO" << 1 << 0 << "< 0CM0";
         QTest::newRow("home, STOP held") << QStringList{"--stop"} << QStringList{"home"} << "< 0RA2" << 1 << 1 << "Interrupted.";
         QTest::newRow("move of 11 s") << QStringList{"--time-scale", "20"} << QStringList{"move"} << "< 0RA0" << 2 << 1

@@ -30,8 +30,7 @@ private slots:
         // 0.16 A x 1875 = 300 at data digits 13 to 16 of block 7.
         QTest::newRow("special: seven commands")
             << "20" << QStringList{"--current", "0.16"}
-            << common + QStringList{"0WD10202019000FFFF1400144C0064030000", "0WD2" + Block2, "0WE",
-                                    "0RD7", "0WD7000000000000012C0000000000000000", "0WF"};
+            << common + QStringList{"0WD10202019000FFFF1400144C0064030000", "0WD2" + Block2, "0WE", "0RD7", "0WD7000000000000012C0000000000000000", "0WF"};
     }
     void writeSendsTheBlocks()
     {
@@ -129,9 +128,7 @@ private slots:
         QVERIFY(out.open(QIODevice::ReadOnly));
         const QString text = pdfText(out.readAll());
         QString missing;
-        QVERIFY2(findInOrder(text, {"QM-KTR", "Parameters", "File Name:line-3.pmt", "<< HOMING PARAMETER >>",
-                                    " 2.VEL:", "33", "<< AXIS PARAMETER >>", " 3.MOTOR:", "SP",
-                                    "<< SP Parameter >>", " 5. ALM1 CLEAR:", "0. Disable"}, &missing) >= 0,
+        QVERIFY2(findInOrder(text, {"QM-KTR", "Parameters", "File Name:line-3.pmt", "<< HOMING PARAMETER >>", " 2.VEL:", "33", "<< AXIS PARAMETER >>", " 3.MOTOR:", "SP", "<< SP Parameter >>", " 5. ALM1 CLEAR:", "0. Disable"}, &missing) >= 0,
                  qPrintable(missing + QStringLiteral("\n") + text));
     }
 
@@ -142,16 +139,16 @@ private slots:
         QTest::addColumn<QStringList>("args");
         QTest::addColumn<QString>("message");
         QTest::newRow("special without current") << paraFile("20", 10) << QStringList{"write", "FILE"}
-            << "This parameter file is for the special actuator (SP): give its operating current with --current AMPS.";
+                                                 << "This parameter file is for the special actuator (SP): give its operating current with --current AMPS.";
         QTest::newRow("current for size 28") << paraFile("28", 10) << QStringList{"write", "FILE", "--current", "1.5"}
-            << "--current applies only to a parameter file of the special actuator (SP).";
+                                             << "--current applies only to a parameter file of the special actuator (SP).";
         QTest::newRow("current not a number") << paraFile("20", 10) << QStringList{"write", "FILE", "--current", "abc"}
-            << "Invalid value for --current: abc";
+                                              << "Invalid value for --current: abc";
         QTest::newRow("no file") << QByteArray() << QStringList{"verify"} << "Missing argument: FILE.pmt";
         QTest::newRow("VEL out of range") << paraFile("28", 61) << QStringList{"write", "FILE"}
-            << "Invalid value in some parameters.\nConfirm the value, and try it again.";
+                                          << "Invalid value in some parameters.\nConfirm the value, and try it again.";
         QTest::newRow("not a parameter file") << QByteArray("\"QM-KTR\",\"QMD\"\r\n6\r\n") << QStringList{"verify", "FILE"}
-            << "Not parameter file for QM-B4.\nOpening file is canceled.\nFail to open parameter file.";
+                                              << "Not parameter file for QM-B4.\nOpening file is canceled.\nFail to open parameter file.";
     }
     void refusedInput()
     {

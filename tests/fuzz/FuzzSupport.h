@@ -59,12 +59,12 @@ private:
 };
 
 // A broken rule is a finding: stop at once, so the input is kept.
-#define FUZZ_CHECK(condition)                                                               \
-    do {                                                                                    \
-        if (!(condition)) {                                                                 \
-            qCritical("fuzz check failed: %s (%s:%d)", #condition, __FILE__, __LINE__);      \
-            std::abort();                                                                   \
-        }                                                                                   \
+#define FUZZ_CHECK(condition)                                                           \
+    do {                                                                                \
+        if (!(condition)) {                                                             \
+            qCritical("fuzz check failed: %s (%s:%d)", #condition, __FILE__, __LINE__); \
+            std::abort();                                                               \
+        }                                                                               \
     } while (false)
 
 // A silent Prompter: counts the boxes that would have been shown and
@@ -82,7 +82,10 @@ public:
 // A FileChooser whose "user" always picks the same file.
 class FixedFileChooser : public FileChooser {
 public:
-    explicit FixedFileChooser(const QString& path) : m_path(path) {}
+    explicit FixedFileChooser(const QString& path)
+        : m_path(path)
+    {
+    }
     QString openFile(const QString&, const QString&, const QString&) override { return m_path; }
     QString saveFile(const QString&, const QString&, const QString&, const QString&) override { return m_path; }
 

@@ -93,10 +93,22 @@ struct Request {
 
 // The frames of the command catalogue with their reply lengths.
 constexpr Request Catalogue[] = {
-    {"0CM", 6, "6"},  {"0RA", 6, ""},   {"0RD", 38, "1"}, {"0WD", 6, "0"},
-    {"0WE", 5, ""},   {"0WF", 5, ""},   {"0RP", 23, "01"}, {"0WP", 7, "012328100000000C01"},
-    {"0WA", 5, "0101"}, {"0MP", 7, "01"}, {"0AR", 5, ""},  {"0RI", 8, ""},
-    {"0RO", 7, ""},   {"0WO", 7, "00"}, {"0RV", 11, ""},   {"0%C", 16, ""},
+    {"0CM", 6, "6"},
+    {"0RA", 6, ""},
+    {"0RD", 38, "1"},
+    {"0WD", 6, "0"},
+    {"0WE", 5, ""},
+    {"0WF", 5, ""},
+    {"0RP", 23, "01"},
+    {"0WP", 7, "012328100000000C01"},
+    {"0WA", 5, "0101"},
+    {"0MP", 7, "01"},
+    {"0AR", 5, ""},
+    {"0RI", 8, ""},
+    {"0RO", 7, ""},
+    {"0WO", 7, "00"},
+    {"0RV", 11, ""},
+    {"0%C", 16, ""},
 };
 constexpr int CatalogueSize = int(sizeof Catalogue / sizeof Catalogue[0]);
 

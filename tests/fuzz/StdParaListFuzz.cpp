@@ -16,7 +16,10 @@ namespace {
 
 class ChosenActuator : public DeviceSelector {
 public:
-    explicit ChosenActuator(bool pgUse) : m_pgUse(pgUse) {}
+    explicit ChosenActuator(bool pgUse)
+        : m_pgUse(pgUse)
+    {
+    }
     bool selectDevice() override
     {
         ProgramState::instance().gPgUse = m_pgUse;

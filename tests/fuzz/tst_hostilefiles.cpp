@@ -29,7 +29,7 @@ struct Reader {
     const char* name;
     const char* fileName;
     QByteArray goodFile;
-    int refused;     // the reader's result for a refused file
+    int refused;       // the reader's result for a refused file
     QString (*told)(); // and what it shows then
     std::function<int(const QString& path, Prompter& prompter)> read;
 };

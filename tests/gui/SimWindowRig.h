@@ -22,7 +22,7 @@
 // The main window on the built-in virtual controller, in English, with
 // scripted message boxes and file dialogs and the shipped data files,
 // showing the tab asked for. Every frame sent is kept.
-template <typename Page, typename Controller>
+template<typename Page, typename Controller>
 struct SimWindowRig {
     SimWindowRig()
     {
@@ -63,7 +63,7 @@ struct SimWindowRig {
 };
 
 // Runs act on the modal dialog of type D once it has opened.
-template <typename D>
+template<typename D>
 void whenDialogOpens(const std::function<void(D&)>& act)
 {
     QTimer::singleShot(0, [act] {

@@ -2,8 +2,8 @@
 #include "common/ProgramState.h"
 #include "shell/widgets/CaptionLoader.h"
 
-#include <QtWidgets>
 #include <QtTest>
+#include <QtWidgets>
 
 namespace {
 
@@ -51,18 +51,30 @@ private slots:
         QTest::addColumn<bool>("english");
         QTest::addColumn<QString>("text");
 
-        QTest::newRow("form") << "form" << "4140" << false << "KTR-W5 のバージョン情報";
-        QTest::newRow("form, English run") << "form" << "4140" << true << "About KTR-W5";
-        QTest::newRow("label") << "label" << "4031" << false << "速度";
-        QTest::newRow("label, empty tag") << "label" << "" << false << "design";
-        QTest::newRow("label, missing message") << "label" << "3999" << false << "design";
-        QTest::newRow("label, leading number") << "label" << "4033 acc" << true << "Acceleration";
-        QTest::newRow("label, hexadecimal prefix") << "label" << "&H10" << false << "design";
-        QTest::newRow("button") << "button" << "4052" << false << "MOVE";
-        QTest::newRow("button, 0") << "button" << "0" << false << "design";
-        QTest::newRow("button, too large") << "button" << "99999" << false << "design";
-        QTest::newRow("check box") << "check" << "4049" << true << "Dwell Timer";
-        QTest::newRow("frame") << "frame" << "673" << true << "HOME Parameter";
+        QTest::newRow("form") << "form"
+                              << "4140" << false << "KTR-W5 のバージョン情報";
+        QTest::newRow("form, English run") << "form"
+                                           << "4140" << true << "About KTR-W5";
+        QTest::newRow("label") << "label"
+                               << "4031" << false << "速度";
+        QTest::newRow("label, empty tag") << "label"
+                                          << "" << false << "design";
+        QTest::newRow("label, missing message") << "label"
+                                                << "3999" << false << "design";
+        QTest::newRow("label, leading number") << "label"
+                                               << "4033 acc" << true << "Acceleration";
+        QTest::newRow("label, hexadecimal prefix") << "label"
+                                                   << "&H10" << false << "design";
+        QTest::newRow("button") << "button"
+                                << "4052" << false << "MOVE";
+        QTest::newRow("button, 0") << "button"
+                                   << "0" << false << "design";
+        QTest::newRow("button, too large") << "button"
+                                           << "99999" << false << "design";
+        QTest::newRow("check box") << "check"
+                                   << "4049" << true << "Dwell Timer";
+        QTest::newRow("frame") << "frame"
+                               << "673" << true << "HOME Parameter";
     }
     void captionFromTag()
     {

@@ -40,7 +40,8 @@ qint64 cpuMs()
 
 // A window on the built-in virtual controller, loaded, with scripted boxes.
 struct SimWindow {
-    SimWindow() : window(StartupOptions::parse({"ktr-w5", "--simulator"}))
+    SimWindow()
+        : window(StartupOptions::parse({"ktr-w5", "--simulator"}))
     {
         window.usePrompter(prompter);
         window.Form_Load();
@@ -103,7 +104,8 @@ private slots:
         QTest::newRow("Japanese") << 1 << QStringList{"1522.5", "0"} << QPoint(102, 0)
                                   << QStringList{"1. ドライブOFF", "1. エンコーダあり", "3. OUT1,2出力ON", "1. 有効",
                                                  "コントローラ", "パラメータ", "ファイル(&F)", "アラームリセット",
-                                                 "C/Tと照合", "A接点(1)", "アラーム"} << true;
+                                                 "C/Tと照合", "A接点(1)", "アラーム"}
+                                  << true;
     }
     void loadFillsListsAndCaptions()
     {
@@ -231,13 +233,25 @@ private slots:
         QTest::addColumn<bool>("paced");
         for (const bool paced : {false, true}) {
             const char* line = paced ? "paced" : "instant";
-            QTest::addRow("reply time-out, %s", line) << "cmdRESET" << "AR" << "" << false << false << paced;
+            QTest::addRow("reply time-out, %s", line) << "cmdRESET"
+                                                      << "AR"
+                                                      << "" << false << false << paced;
             // A reply one character too long is followed by "0CM6", whose wait has no time limit.
-            QTest::addRow("untimed resync wait, %s", line) << "cmdRESET" << "CM" << "AR" << false << false << paced;
-            QTest::addRow("I/O monitor, %s", line) << "cmdIoMonitor" << "" << "" << false << false << paced;
-            QTest::addRow("I/O monitor, File Exit, %s", line) << "cmdIoMonitor" << "" << "" << false << true << paced;
-            QTest::addRow("move poll, %s", line) << "cmdMOVE" << "" << "" << false << false << paced;
-            QTest::addRow("dwell, %s", line) << "cmdMOVE" << "" << "" << true << false << paced;
+            QTest::addRow("untimed resync wait, %s", line) << "cmdRESET"
+                                                           << "CM"
+                                                           << "AR" << false << false << paced;
+            QTest::addRow("I/O monitor, %s", line) << "cmdIoMonitor"
+                                                   << ""
+                                                   << "" << false << false << paced;
+            QTest::addRow("I/O monitor, File Exit, %s", line) << "cmdIoMonitor"
+                                                              << ""
+                                                              << "" << false << true << paced;
+            QTest::addRow("move poll, %s", line) << "cmdMOVE"
+                                                 << ""
+                                                 << "" << false << false << paced;
+            QTest::addRow("dwell, %s", line) << "cmdMOVE"
+                                             << ""
+                                             << "" << true << false << paced;
         }
     }
     void closingEndsEveryWait()
@@ -362,7 +376,8 @@ private slots:
         QCOMPARE(int(ProgramState::instance().gPortNo), 1);
         QCOMPARE(Settings::readText(QStringLiteral("PortOccupy")), QStringLiteral("0"));
 
-        link.setPortNaming([&](int n) { return n == 1 ? first.device() : n == 3 ? third.device() : QString(); });
+        link.setPortNaming([&](int n) { return n == 1 ? first.device() : n == 3 ? third.device()
+                                                                                : QString(); });
         QCOMPARE(link.OpenCommPort(), 0);
         QVERIFY(link.isPortOpen());
         withOptionsDialog(w, [&](OptionsDialog& d) {

@@ -18,8 +18,8 @@ public:
     FlatForm()
     {
         QStringList names = MainWindowLock::commandButtons() + MainWindowLock::menusToEnable()
-                            + MainWindowLock::homeButtons() + MainWindowLock::moveButtons()
-                            + MainWindowLock::paraButtons();
+            + MainWindowLock::homeButtons() + MainWindowLock::moveButtons()
+            + MainWindowLock::paraButtons();
         names.removeDuplicates();
         for (const QString& name : names) {
             auto* box = new QCheckBox(this);
@@ -62,10 +62,9 @@ private slots:
         const QStringList files = {"cmdFileOpen", "cmdSaveFile", "cmdLoadtoCt", "cmdGetfromCt", "cmdDataPrint",
                                    "cmdFilePrint", "Frame2"};
         const QStringList cmd = files + QStringList{"cmdMOVE", "cmdSTOP", "cmdHOME", "Frame1", "cmdIoMonitor", "Frame4", "cmdRESET"};
-        const QStringList home = files + QStringList{"cmdIoMonitor", "Frame4", "cmdRESET", "cmdMOVE", "cmdSTOP", "optSTEP",
-                                                     "optCNT", "chkTimerUse"};
+        const QStringList home = files + QStringList{"cmdIoMonitor", "Frame4", "cmdRESET", "cmdMOVE", "cmdSTOP", "optSTEP", "optCNT", "chkTimerUse"};
         const QStringList move = QStringList{"optSTEP", "optCNT", "cmdMOVE", "chkTimerUse", "txtTimer", "cmdHOME"} + files
-                                 + QStringList{"cmdIoMonitor", "Frame4", "cmdRESET"};
+            + QStringList{"cmdIoMonitor", "Frame4", "cmdRESET"};
         const QStringList para = {"cmdReadParaFile", "cmdSaveParaFile", "cmdConpareFile", "cmdParaFilePrint",
                                   "cmdParaPrint", "cmdIniPrm", "cmdParaRead", "cmdParaWrite", "cmdConpareCT"};
         const QStringList menus = {"mnuFileOpen", "mnuFileGetfromCt", "mnuFileSave", "mnuFileSaveAs",

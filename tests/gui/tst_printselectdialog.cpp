@@ -14,9 +14,9 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QtWidgets>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QtWidgets>
 
 #include <memory>
 
@@ -178,7 +178,7 @@ private slots:
     void dialogAnswers_data()
     {
         QTest::addColumn<int>("result");
-        QTest::addColumn<QString>("name");   // given in the file dialog
+        QTest::addColumn<QString>("name"); // given in the file dialog
         QTest::addColumn<bool>("done");
         QTest::addColumn<QString>("told");
         QTest::newRow("cancel") << int(QDialog::Rejected) << "" << false << "";

@@ -15,10 +15,10 @@
 #include "support/ScriptedPrompter.h"
 #include "support/TempSettings.h"
 
-#include <QtWidgets>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QtTest>
+#include <QtWidgets>
 
 #include <functional>
 
@@ -67,7 +67,7 @@ private slots:
     {
         QTest::addColumn<int>("buttons");
         QTest::addColumn<int>("icon");
-        QTest::addColumn<int>("press");   // a standard button, or 0 for Escape
+        QTest::addColumn<int>("press"); // a standard button, or 0 for Escape
         QTest::addColumn<int>("answer");
         QTest::addColumn<int>("boxIcon");
         using P = Prompter;
@@ -170,8 +170,7 @@ private slots:
         AboutDialog about(prompter);
         about.Form_Load();
         QCOMPARE(about.windowTitle(), QStringLiteral("About KTR-W5"));
-        QCOMPARE(about.lblVersion->text(), QStringLiteral("Version %1.%2%3")
-                 .arg(KTR_VERSION_MAJOR).arg(KTR_VERSION_MINOR).arg(KTR_VERSION_PATCH));
+        QCOMPARE(about.lblVersion->text(), QStringLiteral("Version %1.%2%3").arg(KTR_VERSION_MAJOR).arg(KTR_VERSION_MINOR).arg(KTR_VERSION_PATCH));
         QVERIFY(!about.picIcon->pixmap().isNull());
 
         about.sysInfo().setStarter([](const QString&) { return false; });
@@ -187,7 +186,7 @@ private slots:
     // F1 is held back from the help shortcut unless the language is Japanese.
     void f1Discarded_data()
     {
-        QTest::addColumn<QString>("stored");   // empty: nothing stored
+        QTest::addColumn<QString>("stored"); // empty: nothing stored
         QTest::addColumn<int>("key");
         QTest::addColumn<bool>("reaches");
         QTest::newRow("nothing stored: F1 works") << "" << int(Qt::Key_F1) << true;
@@ -280,7 +279,7 @@ private slots:
     {
         QTest::addColumn<bool>("page");
         QTest::addColumn<bool>("browser");
-        QTest::addColumn<QString>("text");   // %1: the page
+        QTest::addColumn<QString>("text"); // %1: the page
         const QString missing = "ヘルプファイルを表示できません。このプロジェクトに関連するヘルプファイルがありません。";
         const QString noBrowser = "ヘルプを表示するブラウザを起動できませんでした。ヘルプファイルは次の場所にあります。\r\n%1";
         QTest::newRow("opened") << true << true << QString();

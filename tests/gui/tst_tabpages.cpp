@@ -15,8 +15,8 @@
 #include "shell/widgets/Lamp.h"
 #include "sim/ControllerMemory.h"
 
-#include <QtWidgets>
 #include <QTemporaryDir>
+#include <QtWidgets>
 
 namespace {
 
@@ -61,9 +61,15 @@ private slots:
         QTest::addColumn<QString>("typed");
         QTest::addColumn<bool>("byEnter");
         QTest::addColumn<QString>("left");
-        QTest::newRow("full box, caret at the end") << "txtHomeOfsVel" << "12" << false << "3" << "12" << false << "12";
-        QTest::newRow("full box, all selected") << "txtHomeOfsVel" << "12" << true << "3" << "3" << false << "3";
-        QTest::newRow("Enter leaves the box") << "txtHomeOffset" << "" << false << "007" << "007" << true << "7";
+        QTest::newRow("full box, caret at the end") << "txtHomeOfsVel"
+                                                    << "12" << false << "3"
+                                                    << "12" << false << "12";
+        QTest::newRow("full box, all selected") << "txtHomeOfsVel"
+                                                << "12" << true << "3"
+                                                << "3" << false << "3";
+        QTest::newRow("Enter leaves the box") << "txtHomeOffset"
+                                              << "" << false << "007"
+                                              << "007" << true << "7";
     }
     void paraKeysAndLeaving()
     {
@@ -94,9 +100,11 @@ private slots:
         QTest::addColumn<QByteArray>("sizeCode");
         QTest::addColumn<QString>("shownSize");
         QTest::addColumn<QString>("current");
-        QTest::newRow("28") << QByteArray("1C") << QByteArray("00") << "28" << "1.5";
+        QTest::newRow("28") << QByteArray("1C") << QByteArray("00") << "28"
+                            << "1.5";
         // The special actuator's current comes from block 7: 300/1875 A.
-        QTest::newRow("special") << QByteArray("14") << QByteArray("03") << "SP" << "2.16";
+        QTest::newRow("special") << QByteArray("14") << QByteArray("03") << "SP"
+                                 << "2.16";
     }
     void paraReadFillsThePage()
     {
@@ -111,10 +119,9 @@ private slots:
         QCOMPARE(rig.prompter.texts(), QStringList());
         ParaPage& p = rig.page();
         const QStringList shown = {p.txtHomeOffset->text(), p.txtHomeVel->text(), p.txtAxisPulse->text(),
-            p.txtPgAlarm->text(), p.txtInpLimit->text(), p.txtLsSerchTimer->text(),
-            p.comboAxisAutoDrv->currentText(), p.comboPgFunc->currentText(), p.comboHomeOut->currentText()};
-        QCOMPARE(shown, (QStringList{"30", "10", "400", "1000", "10", "10", "0. Drive-ON", "0. No-Encorder",
-                                     "0. OUT-OFF"}));
+                                   p.txtPgAlarm->text(), p.txtInpLimit->text(), p.txtLsSerchTimer->text(),
+                                   p.comboAxisAutoDrv->currentText(), p.comboPgFunc->currentText(), p.comboHomeOut->currentText()};
+        QCOMPARE(shown, (QStringList{"30", "10", "400", "1000", "10", "10", "0. Drive-ON", "0. No-Encorder", "0. OUT-OFF"}));
         QVERIFY(p.optEmgLogic_0->isChecked() && p.optAlarmAutoClear_0->isChecked());
         QTEST(p.comboActSize->currentText(), "shownSize");
         QTEST(rig.window->opData->txtDenryu->text(), "current");
@@ -150,9 +157,15 @@ private slots:
         QTest::addColumn<QString>("action");
         QTest::addColumn<QString>("size");
         QTest::addColumn<QString>("function");
-        QTest::newRow("Set SP with encoder") << "set" << "SP" << "1. With Encorder";
-        QTest::newRow("Cancel") << "cancel" << "42" << "0. No-Encorder";
-        QTest::newRow("closed from the frame") << "close" << "42" << "0. No-Encorder";
+        QTest::newRow("Set SP with encoder") << "set"
+                                             << "SP"
+                                             << "1. With Encorder";
+        QTest::newRow("Cancel") << "cancel"
+                                << "42"
+                                << "0. No-Encorder";
+        QTest::newRow("closed from the frame") << "close"
+                                               << "42"
+                                               << "0. No-Encorder";
     }
     void deviceDialogLeadsToStandardParameters()
     {
@@ -400,10 +413,8 @@ private slots:
     {
         QTest::addColumn<bool>("fromFile");
         QTest::addColumn<QStringList>("pieces");
-        QTest::newRow("grid") << false << QStringList{"Data on screen", "1.SPEED:", "30", "2.VEL:", "9000",
-                                                      "4.DIRECTION:", "CCW", "5.DIVISION:", "8"};
-        QTest::newRow("file") << true << QStringList{"File Name:line3.qmd (Old)", "1.SPEED:", "1", "2.VEL:", "150",
-                                                     "5.DIVISION:", "4", "6.GEAR:", "2"};
+        QTest::newRow("grid") << false << QStringList{"Data on screen", "1.SPEED:", "30", "2.VEL:", "9000", "4.DIRECTION:", "CCW", "5.DIVISION:", "8"};
+        QTest::newRow("file") << true << QStringList{"File Name:line3.qmd (Old)", "1.SPEED:", "1", "2.VEL:", "150", "5.DIVISION:", "4", "6.GEAR:", "2"};
     }
     void opDataPrintouts()
     {

@@ -20,7 +20,7 @@ inline const QString UnknownText = QStringLiteral("Communication error occurs!\r
 
 // A link on a (scripted) port: a few error codes, English, ports "port<n>",
 // port-occupy off, a short time-out.
-template <typename Port = FakeSerialPort>
+template<typename Port = FakeSerialPort>
 struct LinkRig {
     LinkRig()
     {

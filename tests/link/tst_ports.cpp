@@ -52,11 +52,16 @@ private slots:
         QTest::addColumn<QString>("stored");
         QTest::addColumn<QString>("device");
         QTest::addColumn<int>("portNoAfter");
-        QTest::newRow("in range") << 5 << "3" << "port5" << 5;
-        QTest::newRow("0 is read again") << 0 << "3" << "port3" << 3;
-        QTest::newRow("10 is read again") << 10 << "4" << "port4" << 4;
-        QTest::newRow("a stored 10 is used") << 10 << "10" << "port10" << 10;
-        QTest::newRow("nothing stored gives 1") << -1 << "" << "port1" << 1;
+        QTest::newRow("in range") << 5 << "3"
+                                  << "port5" << 5;
+        QTest::newRow("0 is read again") << 0 << "3"
+                                         << "port3" << 3;
+        QTest::newRow("10 is read again") << 10 << "4"
+                                          << "port4" << 4;
+        QTest::newRow("a stored 10 is used") << 10 << "10"
+                                             << "port10" << 10;
+        QTest::newRow("nothing stored gives 1") << -1 << ""
+                                                << "port1" << 1;
     }
     void openRereadsPortNumber()
     {

@@ -70,7 +70,9 @@ private slots:
         QTest::newRow("whole error line") << QByteArray("0%%301\r\n") << false << Frames{"0RA2\r\n"} << 0 << own;
         QTest::newRow("error line cut") << QByteArray("0%%3") << true << Frames{"01\r\n", "0RA2\r\n"} << 0 << own;
         QTest::newRow("cut after one character") << QByteArray("0") << true << Frames{"%%301\r\n0RA2\r\n"} << 0 << own;
-        QTest::newRow("noise") << QByteArray("\xff" "0") << true << Frames{"0RA2\r\n"} << 0 << QStringList{};
+        QTest::newRow("noise") << QByteArray("\xff"
+                                             "0")
+                               << true << Frames{"0RA2\r\n"} << 0 << QStringList{};
         QTest::newRow("then an error reply") << QByteArray("0") << false << Frames{"0%%301\r\n"} << 1
                                              << QStringList{"Communication error occurs!\r\nError No.301\r\n[Overload alarm.]"};
     }
@@ -107,10 +109,11 @@ private slots:
         QTest::addColumn<QString>("status");
         const QString none = QStringLiteral("No error information in the error List");
         QTest::newRow("in Japanese") << 0 << Frames{"0%%101\r\n"}
-                                     << "エラーが発生しました！\r\nエラー番号：101\r\n[Unknown command.]" << "Unknown command.";
+                                     << "エラーが発生しました！\r\nエラー番号：101\r\n[Unknown command.]"
+                                     << "Unknown command.";
         QTest::newRow("not in the list") << 10000 << Frames{"0%%999\r\n"} << "Communication error occurs!\r\n[]" << none;
         QTest::newRow("not in the list after one that was") << 10000 << Frames{"0%%999\r\n", "0%%301\r\n", "0%%999\r\n"}
-                                                             << "Communication error occurs!\r\n[Overload alarm.]" << none;
+                                                            << "Communication error occurs!\r\n[Overload alarm.]" << none;
     }
     void errorReply()
     {

@@ -44,7 +44,10 @@ public:
 
 class FakeOpDataView : public OpDataView {
 public:
-    explicit FakeOpDataView(const OpDataState& state) : m_state(state) {}
+    explicit FakeOpDataView(const OpDataState& state)
+        : m_state(state)
+    {
+    }
 
     OpDataScreen screen() const override { return shown; }
     void showScreen(const OpDataScreen& screen) override
@@ -60,7 +63,7 @@ public:
 
     OpDataScreen shown;
     int showCount = 0;
-    bool eventsOffWhileShown = true;   // every load happened with mEventsOff set
+    bool eventsOffWhileShown = true; // every load happened with mEventsOff set
     QStringList calls;
 
 private:

@@ -71,7 +71,8 @@ private slots:
         QTest::newRow("status failure") << true << 1 << QStringList{"0RA1", "0MP01", "0RA5"} << 1 << true;
         QStringList series{"0RA1"};
         for (int i = 0; i < 15; ++i)
-            series << "0MP01" << "0RA1";
+            series << "0MP01"
+                   << "0RA1";
         QTest::newRow("stopped series") << true << 7 << series << 1 << false;
     }
     void moveRuns()
@@ -121,7 +122,7 @@ private slots:
     // (offered then), and says so.
     void homing_data()
     {
-        QTest::addColumn<QByteArray>("reply");   // to the home move
+        QTest::addColumn<QByteArray>("reply"); // to the home move
         QTest::addColumn<Replies>("statuses");
         QTest::addColumn<bool>("blocked");
         QTest::addColumn<bool>("requested");
@@ -131,9 +132,12 @@ private slots:
         const QString givenUp = QStringLiteral("Homing did not finish: the controller stopped part-way (status %1). "
                                                "Remove the cause; an alarm is cleared with the alarm reset.");
         const QByteArray home("0MP00");
-        QTest::newRow("reaches home") << home << Replies{"0RA0", "0RA1"} << false << true << false << "" << "";
-        QTest::newRow("request blocked") << home << Replies{"0RA1"} << true << false << false << "" << "";
-        QTest::newRow("status failure") << home << Replies{"0RA9"} << false << false << false << "" << "";
+        QTest::newRow("reaches home") << home << Replies{"0RA0", "0RA1"} << false << true << false << ""
+                                      << "";
+        QTest::newRow("request blocked") << home << Replies{"0RA1"} << true << false << false << ""
+                                         << "";
+        QTest::newRow("status failure") << home << Replies{"0RA9"} << false << false << false << ""
+                                        << "";
         QTest::newRow("alarm") << home << Replies{"0RA0", "0RA3", "0RA3"} << false << false << false
                                << "cmdSTOP 1" << givenUp.arg(3);
         QTest::newRow("STOP input") << home << Replies{"0RA2", "0RA2"} << false << false << false
@@ -179,12 +183,18 @@ private slots:
         QTest::addColumn<QString>("inputs");
         QTest::addColumn<QString>("outputs");
         QTest::addColumn<QStringList>("lit");
-        QTest::newRow("inputs 800") << "800" << "00" << QStringList{"imgInputStb"};
-        QTest::newRow("inputs A00") << "A00" << "00" << QStringList{"imgInputStb", "imgInputStop"};
-        QTest::newRow("inputs 5FF") << "5FF" << "00" << QStringList{};
-        QTest::newRow("outputs 43") << "000" << "43" << QStringList{"imgOutputAlm", "imgOutputOut1", "imgOutputOut2"};
-        QTest::newRow("outputs 70") << "000" << "70" << QStringList{"imgOutputAlm", "imgOutputRdy", "imgOutputInp"};
-        QTest::newRow("outputs 8C") << "000" << "8C" << QStringList{};
+        QTest::newRow("inputs 800") << "800"
+                                    << "00" << QStringList{"imgInputStb"};
+        QTest::newRow("inputs A00") << "A00"
+                                    << "00" << QStringList{"imgInputStb", "imgInputStop"};
+        QTest::newRow("inputs 5FF") << "5FF"
+                                    << "00" << QStringList{};
+        QTest::newRow("outputs 43") << "000"
+                                    << "43" << QStringList{"imgOutputAlm", "imgOutputOut1", "imgOutputOut2"};
+        QTest::newRow("outputs 70") << "000"
+                                    << "70" << QStringList{"imgOutputAlm", "imgOutputRdy", "imgOutputInp"};
+        QTest::newRow("outputs 8C") << "000"
+                                    << "8C" << QStringList{};
     }
     void lamps()
     {

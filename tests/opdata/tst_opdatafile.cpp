@@ -52,7 +52,7 @@ private slots:
     {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<int>("label");
-        QTest::addColumn<QList<qint64>>("values");  // VEL, ACC, DIVISION, GEAR
+        QTest::addColumn<QList<qint64>>("values"); // VEL, ACC, DIVISION, GEAR
         QTest::newRow("old generation") << QByteArray("\"QM-B4\",\"Position\"\r\n\"\"\r\n"
                                                       "0,\"300\",\"2\",\"\",\"\",\"1\",\"4\",\"10\",\"\"\r\n")
                                         << 149 << QList<qint64>{300, 2, 4, 10};
@@ -93,7 +93,7 @@ private slots:
     void openFillsTheScreen()
     {
         OpDataState state;
-        state.PosiDataRead[PosiTable::DIR] = qint16(1);   // left by an earlier controller read
+        state.PosiDataRead[PosiTable::DIR] = qint16(1); // left by an earlier controller read
         FakeOpDataView view(state);
         view.shown.comboVEL = QStringLiteral("5");
         ProgramState::instance().gDataChanged = true;

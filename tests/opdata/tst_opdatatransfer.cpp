@@ -7,7 +7,14 @@
 
 namespace {
 
-const char* ExampleReply = "0RP01" "2328" "1" "0" "00000" "1" "0C" "01";
+const char* ExampleReply = "0RP01"
+                           "2328"
+                           "1"
+                           "0"
+                           "00000"
+                           "1"
+                           "0C"
+                           "01";
 const QStringList Locked{"CMDBTN_Muko", "tabs off", "Menyu_Muko", "CMDBTN_Yuko", "tabs on", "Menyu_Yuko"};
 
 // The operation data tab on a scripted line, by default with the example
@@ -63,8 +70,8 @@ private slots:
         QTest::addColumn<bool>("changed");
         QTest::addColumn<bool>("filled");
         QTest::addColumn<Prompter::Answer>("answer");
-        QTest::addColumn<QString>("file");   // empty: the save dialog is cancelled
-        QTest::addColumn<QList<int>>("messages");   // each text begins with that message
+        QTest::addColumn<QString>("file");        // empty: the save dialog is cancelled
+        QTest::addColumn<QList<int>>("messages"); // each text begins with that message
         QTest::addColumn<bool>("read");
         using A = Prompter::Answer;
         QTest::newRow("read declined") << false << true << A::No << "" << QList<int>{370} << false;

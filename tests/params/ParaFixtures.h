@@ -14,11 +14,9 @@ inline ParaSet Size28Set()
 {
     ParaSet s;
     s.home = {.offset = 30, .homeByte = 30, .vel = 10, .ofsVel = 10, .homeSpeed = 10};
-    s.axis = {.actType = 2, .axisByte = 2, .pulse = 400, .axisValue = 65535, .dependentByte = 20, .autoDrive = 0,
-              .motorCode = "28L100", .sizeText = "28", .letter = "L", .motorNumber = 100};
+    s.axis = {.actType = 2, .axisByte = 2, .pulse = 400, .axisValue = 65535, .dependentByte = 20, .autoDrive = 0, .motorCode = "28L100", .sizeText = "28", .letter = "L", .motorNumber = 100};
     s.pg = {.function = 0, .alm = 1000};
-    s.etc = {.homeOut = 0, .selector = 2, .value1 = 1000, .value2 = 2000,
-             .inpWid = 10, .etcByte = 5, .flag = 1, .percent = 20};
+    s.etc = {.homeOut = 0, .selector = 2, .value1 = 1000, .value2 = 2000, .inpWid = 10, .etcByte = 5, .flag = 1, .percent = 20};
     s.special = {.pgTimer = 10, .autoHome = 0, .lsTimer = 10, .emgLogic = 0, .alm1Clear = 0, .flag = 0};
     return s;
 }

@@ -99,7 +99,7 @@ private slots:
     {
         const QString path = dir.filePath("order.pmt");
         WriteBytes(path, "\"QM-KTR\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n2\r\n3\r\n4\r\n5\r\n"
-                        "\"PG\",2,1\r\n0\r\n1000\r\n");
+                         "\"PG\",2,1\r\n0\r\n1000\r\n");
         CtParaImage image = earlierImage();
         QCOMPARE(LoadParaFile(path, image, prompter), 1);
         QCOMPARE(image[5].toInt(), 5);
@@ -165,11 +165,20 @@ private slots:
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("message");
         QTest::addColumn<int>("asked");
-        QTest::newRow("empty box") << "" << "x.pmt" << "No data in some of parameters.\r\n Please fill the data in and try it again." << 0;
-        QTest::newRow("VEL 61") << "61" << "x.pmt" << "Invalid value in some parameters." << 0;
-        QTest::newRow("letters") << "x" << "x.pmt" << "Invalid value in some parameters." << 0;
-        QTest::newRow("dialog cancelled") << "10" << "" << QString() << 1;
-        QTest::newRow("cannot write") << "10" << "no/such/folder/x.pmt" << "Fail to  Save parameters into the file." << 1;
+        QTest::newRow("empty box") << ""
+                                   << "x.pmt"
+                                   << "No data in some of parameters.\r\n Please fill the data in and try it again." << 0;
+        QTest::newRow("VEL 61") << "61"
+                                << "x.pmt"
+                                << "Invalid value in some parameters." << 0;
+        QTest::newRow("letters") << "x"
+                                 << "x.pmt"
+                                 << "Invalid value in some parameters." << 0;
+        QTest::newRow("dialog cancelled") << "10"
+                                          << "" << QString() << 1;
+        QTest::newRow("cannot write") << "10"
+                                      << "no/such/folder/x.pmt"
+                                      << "Fail to  Save parameters into the file." << 1;
     }
     void saveButtonRefuses()
     {
@@ -196,8 +205,7 @@ private slots:
         QCOMPARE(screen.comboActSize, "35");
         QCOMPARE(screen.txtDenryu, "1.6");
         ParaSet expected = Size28Set();
-        expected.axis = {.actType = 2, .axisByte = 2, .pulse = 400, .axisValue = 262143, .dependentByte = 20,
-                         .autoDrive = 0, .motorCode = "35L007", .sizeText = "35", .letter = "L", .motorNumber = 7};
+        expected.axis = {.actType = 2, .axisByte = 2, .pulse = 400, .axisValue = 262143, .dependentByte = 20, .autoDrive = 0, .motorCode = "35L007", .sizeText = "35", .letter = "L", .motorNumber = 7};
         QCOMPARE(Fields(data.set), Fields(expected));
         QCOMPARE(data.fileName, path);
     }
@@ -209,15 +217,20 @@ private slots:
         QTest::addColumn<QString>("message");
         QTest::addColumn<QString>("offset");
         QTest::newRow("not a parameter file") << QByteArray("\"QM-KTR\",\"QMD\"\r\n6\r\n")
-                                              << "Not parameter file for QM-B4.\r\nOpening file is canceled." << "30";
+                                              << "Not parameter file for QM-B4.\r\nOpening file is canceled."
+                                              << "30";
         QTest::newRow("other model") << QByteArray("\"QM-B4\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n1\r\n1\r\n1\r\n1\r\n")
-                                     << "Not parameter file for QM-B4.\r\nOpening file is canceled." << "30";
+                                     << "Not parameter file for QM-B4.\r\nOpening file is canceled."
+                                     << "30";
         QTest::newRow("ends early") << QByteArray("\"QM-KTR\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n")
-                                    << "Fail to open parameter file." << "";
+                                    << "Fail to open parameter file."
+                                    << "";
         QTest::newRow("value too large for its field") << QByteArray(Size28File).replace("0\r\n30\r\n10", "0\r\n30\r\n99999")
-                                                       << "Fail to open parameter file." << "";
+                                                       << "Fail to open parameter file."
+                                                       << "";
         QTest::newRow("text for a number") << QByteArray(Size28File).replace("\"PG\",2,1\r\n0", "\"PG\",2,1\r\n\"on\"")
-                                           << "Fail to open parameter file." << "";
+                                           << "Fail to open parameter file."
+                                           << "";
     }
     void openButtonOnABadFile()
     {
@@ -253,9 +266,12 @@ private slots:
         QTest::addColumn<bool>("encoder");
         QTest::addColumn<QString>("sizeText");
         QTest::addColumn<QString>("code");
-        QTest::newRow("35 with encoder") << "35" << true << "35" << "35L-100";
-        QTest::newRow("SP is written 20") << "SP" << true << "20" << "20L-100";
-        QTest::newRow("no size chosen") << "" << false << "" << "  L-100";
+        QTest::newRow("35 with encoder") << "35" << true << "35"
+                                         << "35L-100";
+        QTest::newRow("SP is written 20") << "SP" << true << "20"
+                                          << "20L-100";
+        QTest::newRow("no size chosen") << "" << false << ""
+                                        << "  L-100";
     }
     void sizesAndEncoder()
     {
@@ -289,8 +305,7 @@ private slots:
         ParaSet set = Size28Set();
         set.home.offset = 5;
         QCOMPARE(standard().ApplyStandardPara(set), 1);
-        QCOMPARE(prompter.texts(), QStringList{content.isEmpty() ? MsgLines({28, 29})
-                                                                 : "Fail to open standard parameter file for QM-B4."});
+        QCOMPARE(prompter.texts(), QStringList{content.isEmpty() ? MsgLines({28, 29}) : "Fail to open standard parameter file for QM-B4."});
         QCOMPARE(set.home.offset, 5);
     }
 

@@ -91,9 +91,15 @@ private slots:
     {
         QTest::addColumn<QString>("digits");
         QTest::addColumn<QString>("code");
-        QTest::newRow("size 35, letter E, number 7") << "2345" "0007" << "35E007";
-        QTest::newRow("special actuator") << "1444" "01F4" << "20D500";
-        QTest::newRow("number beyond three digits") << "1C4C" "03E8" << "28LX";
+        QTest::newRow("size 35, letter E, number 7") << "2345"
+                                                        "0007"
+                                                     << "35E007";
+        QTest::newRow("special actuator") << "1444"
+                                             "01F4"
+                                          << "20D500";
+        QTest::newRow("number beyond three digits") << "1C4C"
+                                                       "03E8"
+                                                    << "28LX";
     }
     void motorCodePieces()
     {
@@ -109,10 +115,26 @@ private slots:
         QTest::addColumn<QString>("size");
         QTest::addColumn<QString>("letter");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("35") << "35" << "L" << "23" "4C" "01";
-        QTest::newRow("E35 sends 35 and E") << "E35" << "L" << "23" "45" "04";
-        QTest::newRow("42 D") << "42" << "D" << "2A" "44" "05";
-        QTest::newRow("no letter") << "28" << "" << "1C" "00" "00";
+        QTest::newRow("35") << "35"
+                            << "L"
+                            << "23"
+                               "4C"
+                               "01";
+        QTest::newRow("E35 sends 35 and E") << "E35"
+                                            << "L"
+                                            << "23"
+                                               "45"
+                                               "04";
+        QTest::newRow("42 D") << "42"
+                              << "D"
+                              << "2A"
+                                 "44"
+                                 "05";
+        QTest::newRow("no letter") << "28"
+                                   << ""
+                                   << "1C"
+                                      "00"
+                                      "00";
     }
     void sizeFields()
     {
@@ -178,13 +200,19 @@ private slots:
     {
         QTest::addColumn<QString>("raw");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("300") << "012C" << "2.16";
-        QTest::newRow("327, the largest") << "0147" << "2.17";
-        QTest::newRow("zero") << "0000" << "0.0";
-        QTest::newRow("FFFF is -1") << "FFFF" << "0.0";
-        QTest::newRow("-300") << "FED4" << "-2.-16";
+        QTest::newRow("300") << "012C"
+                             << "2.16";
+        QTest::newRow("327, the largest") << "0147"
+                                          << "2.17";
+        QTest::newRow("zero") << "0000"
+                              << "0.0";
+        QTest::newRow("FFFF is -1") << "FFFF"
+                                    << "0.0";
+        QTest::newRow("-300") << "FED4"
+                              << "-2.-16";
         // Beyond raw 327 the 16-bit products overflow (1.5 A: see the read).
-        QTest::newRow("328 overflows") << "0148" << "";
+        QTest::newRow("328 overflows") << "0148"
+                                       << "";
     }
     void spCurrentShown()
     {
@@ -201,12 +229,18 @@ private slots:
     {
         QTest::addColumn<QString>("current");
         QTest::addColumn<QString>("digits");
-        QTest::newRow("1.5 A: 2812.5 to even") << "1.5" << "0AFC";
-        QTest::newRow("0.0008 A: 1.5 to even") << "0.0008" << "0002";
-        QTest::newRow("2.0 A") << "2.0" << "0EA6";
-        QTest::newRow("empty") << "" << "";
-        QTest::newRow("not a number") << "1.2.3" << "";
-        QTest::newRow("negative") << "-1" << "";
+        QTest::newRow("1.5 A: 2812.5 to even") << "1.5"
+                                               << "0AFC";
+        QTest::newRow("0.0008 A: 1.5 to even") << "0.0008"
+                                               << "0002";
+        QTest::newRow("2.0 A") << "2.0"
+                               << "0EA6";
+        QTest::newRow("empty") << ""
+                               << "";
+        QTest::newRow("not a number") << "1.2.3"
+                                      << "";
+        QTest::newRow("negative") << "-1"
+                                  << "";
     }
     void spCurrentWritten()
     {
@@ -324,18 +358,18 @@ private slots:
             int high;
         };
         const Limit limits[] = {
-            {{1, 8}, 1, 65535},                      // OFFSET, PULSE
-            {{2, 7}, 1, 255},                        // HOME byte, AXIS byte
-            {{3, 4, 5}, 1, 60},                      // VEL, OFSVEL, HOME speed
-            {{6, 17, 18}, 0, 262143},                // AXIS value, ETC values 1 and 2
-            {{9, 13, 21, 24, 26, 27, 28}, 0, 1},     // AUTODRIVE, FUNCTION, ETC flag, AUTO HOME, EMG, ALM1 CLEAR, flag
-            {{11}, 0, 4},                            // type
-            {{39}, 0, 500},                          // motor number
-            {{14}, 0, 65535},                        // ALM
-            {{15}, 0, 3},                            // HOME OUT
-            {{16}, 0, 2},                            // ETC selector
-            {{22}, 0, 100},                          // ETC percent
-            {{23, 25, 29, 35}, 0, 255},              // PG TIMER, LS TIMER, Reserved0, Reserved6
+            {{1, 8}, 1, 65535},                  // OFFSET, PULSE
+            {{2, 7}, 1, 255},                    // HOME byte, AXIS byte
+            {{3, 4, 5}, 1, 60},                  // VEL, OFSVEL, HOME speed
+            {{6, 17, 18}, 0, 262143},            // AXIS value, ETC values 1 and 2
+            {{9, 13, 21, 24, 26, 27, 28}, 0, 1}, // AUTODRIVE, FUNCTION, ETC flag, AUTO HOME, EMG, ALM1 CLEAR, flag
+            {{11}, 0, 4},                        // type
+            {{39}, 0, 500},                      // motor number
+            {{14}, 0, 65535},                    // ALM
+            {{15}, 0, 3},                        // HOME OUT
+            {{16}, 0, 2},                        // ETC selector
+            {{22}, 0, 100},                      // ETC percent
+            {{23, 25, 29, 35}, 0, 255},          // PG TIMER, LS TIMER, Reserved0, Reserved6
         };
         for (const Limit& l : limits) {
             for (int entry : l.entries) {
@@ -388,9 +422,9 @@ private slots:
     {
         QCOMPARE(CheckParaInput(shownSize28()), 0);
         for (QString ParaScreen::*box : {&ParaScreen::txtHomeOffset, &ParaScreen::txtHomeVel,
-                                          &ParaScreen::txtHomeOfsVel, &ParaScreen::txtAxisPulse,
-                                          &ParaScreen::txtPgAlarm, &ParaScreen::txtInpLimit,
-                                          &ParaScreen::txtPgCheckTimer, &ParaScreen::txtLsSerchTimer}) {
+                                         &ParaScreen::txtHomeOfsVel, &ParaScreen::txtAxisPulse,
+                                         &ParaScreen::txtPgAlarm, &ParaScreen::txtInpLimit,
+                                         &ParaScreen::txtPgCheckTimer, &ParaScreen::txtLsSerchTimer}) {
             ParaScreen screen = shownSize28();
             screen.*box = QString();
             QCOMPARE(CheckParaInput(screen), 1);
@@ -408,14 +442,22 @@ private slots:
         const auto A = ParaKeyResult::Accept;
         const auto D = ParaKeyResult::Discard;
         const auto E = ParaKeyResult::Enter;
-        QTest::newRow("backspace at the limit") << "txtHomeVel" << "60" << 8 << A;
-        QTest::newRow("Enter") << "txtPgAlarm" << "1" << 13 << E;
-        QTest::newRow("Enter in a full box") << "txtPgAlarm" << "12345" << 13 << D;
-        QTest::newRow("OFFSET 5 digits") << "txtHomeOffset" << "1234" << int('5') << A;
-        QTest::newRow("OFFSET 6 digits") << "txtHomeOffset" << "12345" << int('6') << D;
-        QTest::newRow("IN-P WID 3 digits") << "txtInpLimit" << "12" << int('3') << A;
-        QTest::newRow("IN-P WID 4 digits") << "txtInpLimit" << "123" << int('4') << D;
-        QTest::newRow("PG TIMER 4 digits") << "txtPgCheckTimer" << "255" << int('1') << D;
+        QTest::newRow("backspace at the limit") << "txtHomeVel"
+                                                << "60" << 8 << A;
+        QTest::newRow("Enter") << "txtPgAlarm"
+                               << "1" << 13 << E;
+        QTest::newRow("Enter in a full box") << "txtPgAlarm"
+                                             << "12345" << 13 << D;
+        QTest::newRow("OFFSET 5 digits") << "txtHomeOffset"
+                                         << "1234" << int('5') << A;
+        QTest::newRow("OFFSET 6 digits") << "txtHomeOffset"
+                                         << "12345" << int('6') << D;
+        QTest::newRow("IN-P WID 3 digits") << "txtInpLimit"
+                                           << "12" << int('3') << A;
+        QTest::newRow("IN-P WID 4 digits") << "txtInpLimit"
+                                           << "123" << int('4') << D;
+        QTest::newRow("PG TIMER 4 digits") << "txtPgCheckTimer"
+                                           << "255" << int('1') << D;
     }
     void keyFilter()
     {
@@ -432,9 +474,15 @@ private slots:
         QTest::addColumn<QString>("box");
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("OFFSET 000 empties") << "txtHomeOffset" << "000" << "";
-        QTest::newRow("IN-P WID empty becomes 0") << "txtInpLimit" << "" << "0";
-        QTest::newRow("PG TIMER 010") << "txtPgCheckTimer" << "010" << "10";
+        QTest::newRow("OFFSET 000 empties") << "txtHomeOffset"
+                                            << "000"
+                                            << "";
+        QTest::newRow("IN-P WID empty becomes 0") << "txtInpLimit"
+                                                  << ""
+                                                  << "0";
+        QTest::newRow("PG TIMER 010") << "txtPgCheckTimer"
+                                      << "010"
+                                      << "10";
     }
     void lostFocus()
     {
@@ -450,9 +498,15 @@ private slots:
         QTest::addColumn<QString>("size");
         QTest::addColumn<QString>("shownSize");
         QTest::addColumn<QString>("current");
-        QTest::newRow("42") << "42" << "42" << "1.2";
-        QTest::newRow("20 shown as SP keeps the box") << "20" << "SP" << "0.7";
-        QTest::newRow("E35 keeps the box") << "E35" << "E35" << "0.7";
+        QTest::newRow("42") << "42"
+                            << "42"
+                            << "1.2";
+        QTest::newRow("20 shown as SP keeps the box") << "20"
+                                                      << "SP"
+                                                      << "0.7";
+        QTest::newRow("E35 keeps the box") << "E35"
+                                           << "E35"
+                                           << "0.7";
     }
     void currentFollowsTheSize()
     {
@@ -507,9 +561,12 @@ private slots:
     {
         QTest::addColumn<QString>("alm");
         QTest::addColumn<QString>("vel");
-        QTest::newRow("letters") << "abc" << "10";
-        QTest::newRow("digits then letters") << "12ab" << "10";
-        QTest::newRow("too large for its field") << "1000" << "99999";
+        QTest::newRow("letters") << "abc"
+                                 << "10";
+        QTest::newRow("digits then letters") << "12ab"
+                                             << "10";
+        QTest::newRow("too large for its field") << "1000"
+                                                 << "99999";
     }
     void unreadableBoxIsRefused()
     {

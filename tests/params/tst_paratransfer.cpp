@@ -184,7 +184,7 @@ private slots:
         QTest::newRow("edited, empty box, Cancel") << true << true << Prompter::Answer::Cancel << QStringList{Question} << 0;
         QTest::newRow("edited, empty box, No") << true << true << Prompter::Answer::No << QStringList{Question} << 4;
         QTest::newRow("Yes: the save refuses, nothing is read") << true << true << Prompter::Answer::Yes
-            << QStringList{Question, Empty, Msg(5000)} << 0;
+                                                                << QStringList{Question, Empty, Msg(5000)} << 0;
         QTest::newRow("edited, boxes filled") << true << false << Prompter::Answer::Cancel << QStringList{} << 4;
         QTest::newRow("not edited") << false << true << Prompter::Answer::Cancel << QStringList{} << 4;
     }
@@ -243,8 +243,7 @@ private slots:
         QCOMPARE(rig.port.frames, all.mid(0, frames));
         QCOMPARE(rig.data.paraEdited, frames < 5);
         if (frames == 5)
-            QCOMPARE(rig.recorder.calls, Locked({"window Sending Data to the controller... 7", "window = 0", "window = 1",
-                                                   "window = 2", "window = 3", "window = 4", "window hidden"}));
+            QCOMPARE(rig.recorder.calls, Locked({"window Sending Data to the controller... 7", "window = 0", "window = 1", "window = 2", "window = 3", "window = 4", "window hidden"}));
     }
 
     void specialActuatorFailures_data()
@@ -252,8 +251,10 @@ private slots:
         QTest::addColumn<QString>("current");
         QTest::addColumn<QString>("block7");
         QTest::addColumn<int>("message");
-        QTest::newRow("current not a number") << "abc" << "0000" << 4301;
-        QTest::newRow("block 7 not hexadecimal") << "1.5" << "ZZZZ" << 385;
+        QTest::newRow("current not a number") << "abc"
+                                              << "0000" << 4301;
+        QTest::newRow("block 7 not hexadecimal") << "1.5"
+                                                 << "ZZZZ" << 385;
     }
     void specialActuatorFailures()
     {
@@ -294,7 +295,7 @@ private slots:
         const QString failed = QStringLiteral("Fail to open parameter file.");
         QTest::newRow("LS TIMER differs") << QByteArray() << QStringList{"Result of Verify - NG\r\n<SP Parameter> :LS TIMER,\r\n"};
         QTest::newRow("not a parameter file") << QByteArray("\"QM-KTR\",\"QMD\",1\r\n")
-            << QStringList{"Not parameter file for QM-B4.\r\nOpening file is canceled.", failed};
+                                              << QStringList{"Not parameter file for QM-B4.\r\nOpening file is canceled.", failed};
         QTest::newRow("short file") << QByteArray("\"QM-KTR\",\"PRM\",6\r\n\"HOME\",5,1\r\n1\r\n") << QStringList{failed};
     }
     void verifyWithAFile()

@@ -77,9 +77,13 @@ protected:
         case PdmHeight: return qRound(297 / 25.4 * Dpi);
         case PdmWidthMM: return 210;
         case PdmHeightMM: return 297;
-        case PdmDpiX: case PdmDpiY: case PdmPhysicalDpiX: case PdmPhysicalDpiY: return Dpi;
+        case PdmDpiX:
+        case PdmDpiY:
+        case PdmPhysicalDpiX:
+        case PdmPhysicalDpiY: return Dpi;
         case PdmNumColors: return 2;
-        case PdmDepth: case PdmDevicePixelRatio: return 1;
+        case PdmDepth:
+        case PdmDevicePixelRatio: return 1;
         case PdmDevicePixelRatioScaled: return int(devicePixelRatioFScale());
         }
         return 0;
@@ -91,7 +95,11 @@ private:
 
     class Engine : public QPaintEngine {
     public:
-        explicit Engine(RecordedPage& page) : QPaintEngine(AllFeatures), m_page(page) {}
+        explicit Engine(RecordedPage& page)
+            : QPaintEngine(AllFeatures)
+            , m_page(page)
+        {
+        }
         bool begin(QPaintDevice*) override { return true; }
         bool end() override { return true; }
         void updateState(const QPaintEngineState&) override {}
@@ -117,8 +125,7 @@ const QDateTime PrintedAt(QDate(2024, 3, 5), QTime(14, 7));
 
 OpDataPrintData screenData()
 {
-    return {.fromFile = false, .fileName = {}, .generation = OpDataPrintData::Generation::New,
-            .speedChoice = "30", .vel = "9000", .acc = "1", .ccw = false, .division = "12", .gear = "1", .current = "1.5"};
+    return {.fromFile = false, .fileName = {}, .generation = OpDataPrintData::Generation::New, .speedChoice = "30", .vel = "9000", .acc = "1", .ccw = false, .division = "12", .gear = "1", .current = "1.5"};
 }
 
 // A complete set as the parameter page hands it over.
@@ -155,13 +162,7 @@ private slots:
         RecordedPage page;
         const int pitch = metricsOf(page).gLinePitch;
         ParaPrintout(paraList(), PrintedAt).render(page);
-        QCOMPARE(page.sheet(pitch), (QStringList{
-            "1 QM-KTR  Parameters|", "4 << HOMING PARAMETER >>|", "5  1.OFFSET:|65535", "6  2.VEL:|30",
-            "7  3.OFSVEL:|5", "9 << AXIS PARAMETER >>|", "10  1.PULSE:|1000", "11  2.AUTO DRIVE:|2",
-            "12  3.MOTOR:|SP", "14 << PG PARAMETER >>|", "15  1.FUNCTION:|1. With Encorder", "16  2.ALM:|500",
-            "18 << Etc PARAMETER >>|", "19  1. HOME OUT:|3. OUT1,2-ON", "20  2. IN-P WID:|10",
-            "22 << SP Parameter >>|", "23  1. PG TIMER:|20", "24  2. AUTO HOME:|0. Disable", "25  3. LS TIMER:|255",
-            "26  4. EMG LOGIC:|Logic B(0)", "27  5. ALM1 CLEAR:|1. Enable"}));
+        QCOMPARE(page.sheet(pitch), (QStringList{"1 QM-KTR  Parameters|", "4 << HOMING PARAMETER >>|", "5  1.OFFSET:|65535", "6  2.VEL:|30", "7  3.OFSVEL:|5", "9 << AXIS PARAMETER >>|", "10  1.PULSE:|1000", "11  2.AUTO DRIVE:|2", "12  3.MOTOR:|SP", "14 << PG PARAMETER >>|", "15  1.FUNCTION:|1. With Encorder", "16  2.ALM:|500", "18 << Etc PARAMETER >>|", "19  1. HOME OUT:|3. OUT1,2-ON", "20  2. IN-P WID:|10", "22 << SP Parameter >>|", "23  1. PG TIMER:|20", "24  2. AUTO HOME:|0. Disable", "25  3. LS TIMER:|255", "26  4. EMG LOGIC:|Logic B(0)", "27  5. ALM1 CLEAR:|1. Enable"}));
     }
 
     void switchText_data()
@@ -228,7 +229,7 @@ private slots:
         QTest::addColumn<double>("letter");
         QTest::addColumn<double>("width");
         QTest::addColumn<double>("height");
-        QTest::addColumn<QList<int>>("expected");  // pitch, pitch2, rows, rows2, right edge
+        QTest::addColumn<QList<int>>("expected"); // pitch, pitch2, rows, rows2, right edge
         QTest::newRow("half rounds up to even") << 5.5 << 210.0 << 297.0 << QList<int>{6, 7, 49, 42, 200};
         QTest::newRow("A5 on a printable area") << 5.6 << 143.7 << 204.6 << QList<int>{6, 7, 34, 29, 134};
     }
@@ -246,10 +247,7 @@ private slots:
         RecordedPage page;
         const int pitch = metricsOf(page).gLinePitch2;
         OpDataPrintout(screenData(), PrintedAt).render(page);
-        QCOMPARE(page.sheet(pitch), (QStringList{
-            "1 QM-KTR  Position Data|Data on screen", "4 << OPERATION DATA >>|", "5  1.SPEED:|30",
-            "6  2.VEL:|9000", "7  3.ACC:|1", "8  4.DIRECTION:|CW", "9  5.DIVISION:|12", "10  6.GEAR:|1",
-            "11  7.STEP ANGLE:|30.000 deg", "13 << ACTUATOR >>|", "14  1.CURRENT:|1.5 A"}));
+        QCOMPARE(page.sheet(pitch), (QStringList{"1 QM-KTR  Position Data|Data on screen", "4 << OPERATION DATA >>|", "5  1.SPEED:|30", "6  2.VEL:|9000", "7  3.ACC:|1", "8  4.DIRECTION:|CW", "9  5.DIVISION:|12", "10  6.GEAR:|1", "11  7.STEP ANGLE:|30.000 deg", "13 << ACTUATOR >>|", "14  1.CURRENT:|1.5 A"}));
     }
 
     void longFileNameStaysOnThePage()
@@ -284,10 +282,14 @@ private slots:
     {
         QTest::addColumn<QString>("division");
         QTest::addColumn<QString>("angle");
-        QTest::newRow("7") << "7" << "51.429 deg";
-        QTest::newRow("zero") << "0" << "";
-        QTest::newRow("fraction") << "2.5" << "";
-        QTest::newRow("not a number") << "1x" << "";
+        QTest::newRow("7") << "7"
+                           << "51.429 deg";
+        QTest::newRow("zero") << "0"
+                              << "";
+        QTest::newRow("fraction") << "2.5"
+                                  << "";
+        QTest::newRow("not a number") << "1x"
+                                      << "";
     }
     void stepAngle()
     {
@@ -319,7 +321,8 @@ private slots:
         order << "30" << comparable(Msg(4734)) << "9000" << comparable(Msg(4735))
               << comparable(Msg(4736)) << "CW" << comparable(Msg(4737)) << "12"
               << comparable(Msg(4738)) << comparable(Msg(4739)) << "30.000"
-              << comparable(Msg(4740)) << comparable(Msg(4741)) << "1.5 A" << "2024/03/05 14:07";
+              << comparable(Msg(4740)) << comparable(Msg(4741)) << "1.5 A"
+              << "2024/03/05 14:07";
         QString missing;
         QVERIFY2(findInOrder(comparable(raw), order, &missing) >= 0, qPrintable(missing + "\n" + raw));
         QCOMPARE(raw.count(u'\f'), 1);

@@ -53,12 +53,18 @@ private slots:
         QTest::addColumn<QString>("key");
         QTest::addColumn<QString>("stored");
         QTest::addColumn<QList<int>>("loaded");
-        QTest::newRow("fresh installation") << "" << "" << QList<int>{1, 1, 1, 1};
-        QTest::newRow("port 5") << "PortNo" << "5" << QList<int>{5, 1, 1, 1};
-        QTest::newRow("occupy 0") << "PortOccupy" << "0" << QList<int>{1, 0, 1, 1};
-        QTest::newRow("occupy 2") << "PortOccupy" << "2" << QList<int>{1, 1, 1, 1};
-        QTest::newRow("round-up 0") << "MmRoundUp" << "0" << QList<int>{1, 1, 0, 1};
-        QTest::newRow("mm display 0") << "DispMmUnit" << "0" << QList<int>{1, 1, 1, 0};
+        QTest::newRow("fresh installation") << ""
+                                            << "" << QList<int>{1, 1, 1, 1};
+        QTest::newRow("port 5") << "PortNo"
+                                << "5" << QList<int>{5, 1, 1, 1};
+        QTest::newRow("occupy 0") << "PortOccupy"
+                                  << "0" << QList<int>{1, 0, 1, 1};
+        QTest::newRow("occupy 2") << "PortOccupy"
+                                  << "2" << QList<int>{1, 1, 1, 1};
+        QTest::newRow("round-up 0") << "MmRoundUp"
+                                    << "0" << QList<int>{1, 1, 0, 1};
+        QTest::newRow("mm display 0") << "DispMmUnit"
+                                      << "0" << QList<int>{1, 1, 1, 0};
     }
     void startupSettings()
     {
@@ -86,11 +92,15 @@ private slots:
         QTest::addColumn<bool>("simulator");
         QTest::addColumn<QString>("port");
         QTest::addColumn<QString>("screenshots");
-        QTest::newRow("nothing") << QStringList{"ktr-w5"} << false << "" << "";
-        QTest::newRow("port") << QStringList{"ktr-w5", "--port", "/dev/ttyUSB0"} << false << "/dev/ttyUSB0" << "";
-        QTest::newRow("port=") << QStringList{"ktr-w5", "--port=COM3", "--simulator"} << true << "COM3" << "";
+        QTest::newRow("nothing") << QStringList{"ktr-w5"} << false << ""
+                                 << "";
+        QTest::newRow("port") << QStringList{"ktr-w5", "--port", "/dev/ttyUSB0"} << false << "/dev/ttyUSB0"
+                              << "";
+        QTest::newRow("port=") << QStringList{"ktr-w5", "--port=COM3", "--simulator"} << true << "COM3"
+                               << "";
         QTest::newRow("screenshots (Qt's own options already taken out)")
-            << QStringList{"ktr-w5", "--screenshot=/tmp/s"} << false << "" << "/tmp/s";
+            << QStringList{"ktr-w5", "--screenshot=/tmp/s"} << false << ""
+            << "/tmp/s";
     }
     void options()
     {

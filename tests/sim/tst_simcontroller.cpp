@@ -124,9 +124,7 @@ private slots:
     {
         QTest::addColumn<QByteArray>("request");
         QTest::addColumn<QByteArray>("reply");
-        addRows({{"check", "0CM6"}, {"monitor mode", "0CM7"}, {"normal mode", "0CM0"}, {"store blocks", "0WE"},
-                 {"store block 7", "0WF"}, {"homing", "0MP00"}, {"indexing", "0MP01"}, {"alarm reset", "0AR"},
-                 {"write outputs", "0WO02"}});
+        addRows({{"check", "0CM6"}, {"monitor mode", "0CM7"}, {"normal mode", "0CM0"}, {"store blocks", "0WE"}, {"store block 7", "0WF"}, {"homing", "0MP00"}, {"indexing", "0MP01"}, {"alarm reset", "0AR"}, {"write outputs", "0WO02"}});
         QTest::newRow("status at power-up") << QByteArray("0RA") << QByteArray("0RA1\r\n");
         QTest::newRow("block 0") << QByteArray("0RD0") << "0RD0" + Block0 + "\r\n";
         QTest::newRow("block 1") << QByteArray("0RD1") << "0RD1" + Block1 + "\r\n";
@@ -155,12 +153,8 @@ private slots:
         QTest::addColumn<QByteArray>("reply");
         addRows({{"unknown letters", "0XY"}, {"lower-case letters", "0rd0"}, {"too short", "0R"}}, "101");
         addRows({{"record X", "0RPX"}, {"lower-case hex", "0RP0a"}, {"outputs not hex", "0WOX1"}}, "102");
-        addRows({{"two block digits", "0RD00"}, {"status with data", "0RA1"}, {"block short by one", "0WD0" + OtherBlock.left(31)},
-                 {"record short", "0WP012328100000000C0"}, {"store with data", "0WE0"}}, "103");
-        addRows({{"mode 8", "0CM8"}, {"block 3", "0RD3"}, {"write block 6", "0WD6" + OtherBlock}, {"record 64", "0RP40"},
-                 {"move with empty record", "0MP02"}, {"write record 0", "0WP002328100000000C01"},
-                 {"ACC 4", "0WP012328400000000C01"}, {"DIR 2", "0WP012328100000020C01"}, {"GEAR 0", "0WP012328100000000C00"},
-                 {"VEL 0", "0WP010000100000000C01"}, {"store records backwards", "0WA0201"}}, "104");
+        addRows({{"two block digits", "0RD00"}, {"status with data", "0RA1"}, {"block short by one", "0WD0" + OtherBlock.left(31)}, {"record short", "0WP012328100000000C0"}, {"store with data", "0WE0"}}, "103");
+        addRows({{"mode 8", "0CM8"}, {"block 3", "0RD3"}, {"write block 6", "0WD6" + OtherBlock}, {"record 64", "0RP40"}, {"move with empty record", "0MP02"}, {"write record 0", "0WP002328100000000C01"}, {"ACC 4", "0WP012328400000000C01"}, {"DIR 2", "0WP012328100000020C01"}, {"GEAR 0", "0WP012328100000000C00"}, {"VEL 0", "0WP010000100000000C01"}, {"store records backwards", "0WA0201"}}, "104");
     }
     void malformedRequests()
     {
@@ -178,8 +172,7 @@ private slots:
         QTest::newRow("status") << QByteArray("0RA") << QByteArray("0RA0\r\n");
         QTest::newRow("outputs: none") << QByteArray("0RO") << QByteArray("0RO00\r\n");
         QTest::newRow("reads go on") << QByteArray("0RD0") << "0RD0" + Block0 + "\r\n";
-        addRows({{"write block", "0WD0" + OtherBlock}, {"store blocks", "0WE"}, {"store block 7", "0WF"},
-                 {"write record", "0WP01" + OtherRecord}, {"store record", "0WA0101"}, {"another move", "0MP01"}}, "201");
+        addRows({{"write block", "0WD0" + OtherBlock}, {"store blocks", "0WE"}, {"store block 7", "0WF"}, {"write record", "0WP01" + OtherRecord}, {"store record", "0WA0101"}, {"another move", "0MP01"}}, "201");
         QTest::newRow("malformed still first") << QByteArray("0MP1") << QByteArray("0%%103\r\n");
     }
     void whileMoving()
@@ -346,7 +339,8 @@ private slots:
         const auto plain = SimOptions::parse({}, &error);
         QVERIFY(plain && plain->front == SimOptions::Front::Pty && !plain->pace && plain->timeScale == 1.0);
         const auto o = SimOptions::parse({"--device", "/dev/ttyUSB1", "--pace", "--state", "/tmp/s",
-                                          "--time-scale=0.05", "--lang", "ja", "--late=150"}, &error);
+                                          "--time-scale=0.05", "--lang", "ja", "--late=150"},
+                                         &error);
         QVERIFY2(o, qPrintable(error));
         QCOMPARE((QVariantList{o->front == SimOptions::Front::Device, o->device, o->pace, o->stateFile, o->timeScale, o->faults.lateMs}),
                  (QVariantList{true, "/dev/ttyUSB1", true, "/tmp/s", 0.05, 150}));

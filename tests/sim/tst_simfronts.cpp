@@ -1,11 +1,11 @@
-#include "support/PtyController.h"
-#include "support/RawTerminalClient.h"
 #include "common/Waiter.h"
 #include "sim/LinePacer.h"
 #include "sim/PtyFront.h"
 #include "sim/SerialFront.h"
 #include "sim/SimController.h"
 #include "sim/SimSerialPort.h"
+#include "support/PtyController.h"
+#include "support/RawTerminalClient.h"
 
 #include <QElapsedTimer>
 #include <QSerialPort>
@@ -25,7 +25,7 @@ qint64 cpuMs()
 }
 
 // Writes the request and gathers what the port receives until a line end (or the time limit).
-template <typename Port>
+template<typename Port>
 QByteArray ask(Port& port, const QByteArray& request)
 {
     QByteArray line;

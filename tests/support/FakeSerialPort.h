@@ -39,9 +39,9 @@ public:
     void discardInput() override { m_input.clear(); }
     QString errorString() const override { return m_error; }
 
-    QList<QByteArray> frames;    // every frame written, CR LF removed
-    QStringList openAttempts;    // every name open() was asked for
-    QStringList opened;          // the names that opened
+    QList<QByteArray> frames; // every frame written, CR LF removed
+    QStringList openAttempts; // every name open() was asked for
+    QStringList opened;       // the names that opened
     QString lastSettings;
 
 private:

@@ -25,7 +25,11 @@ public:
     QList<Shown> shown;
     QStringList texts() const;
     QString lastText() const { return shown.isEmpty() ? QString() : shown.last().text; }
-    void clear() { shown.clear(); m_answers.clear(); }
+    void clear()
+    {
+        shown.clear();
+        m_answers.clear();
+    }
 
 private:
     QList<Answer> m_answers;

@@ -26,11 +26,11 @@ bool SimProcess::start(const QStringList& args, int timeoutMs)
 {
     m_stdout.clear();
     m_devicePath.clear();
-    m_process.start(m_program, QStringList{QStringLiteral("--pty"), QStringLiteral("--lang"),
-                                           QStringLiteral("en")} + args);
+    m_process.start(m_program, QStringList{QStringLiteral("--pty"), QStringLiteral("--lang"), QStringLiteral("en")} + args);
     const auto result = Waiter::waitUntil([this] {
         return m_stdout.contains('\n') || m_process.state() == QProcess::NotRunning;
-    }, timeoutMs);
+    },
+                                          timeoutMs);
     if (result != Waiter::Result::Done || !m_stdout.contains('\n'))
         return false;
     m_devicePath = QString::fromLocal8Bit(m_stdout.left(m_stdout.indexOf('\n')).trimmed());

@@ -24,7 +24,7 @@ constexpr int SetMsg = 4750;
 constexpr int CancelMsg = 4751;
 constexpr int OffsetTwips = 500;
 
-template <typename T>
+template<typename T>
 T* control(QWidget* parent, const char* name, int caption)
 {
     auto* w = new T(parent);

@@ -19,7 +19,9 @@
 #include <QRadioButton>
 
 OpDataEntryFields::OpDataEntryFields(OpDataPage& page, OpDataState& state, QObject* parent)
-    : QObject(parent), m_page(page), m_state(state)
+    : QObject(parent)
+    , m_page(page)
+    , m_state(state)
 {
     for (QLineEdit* box : {page.txtDIVISION, page.txtGEAR, page.txtTimer, page.txtDenryu})
         box->installEventFilter(this);

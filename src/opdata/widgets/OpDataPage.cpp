@@ -17,7 +17,7 @@
 
 namespace {
 
-template <typename T>
+template<typename T>
 T* named(QWidget* parent, const char* name, int caption = 0)
 {
     auto* w = new T(parent);

@@ -11,7 +11,11 @@
 
 OpDataPrintCommand::OpDataPrintCommand(SequenceContext& ctx, OpDataView& view, OpDataState& state,
                                        QWidget* mainWindow, PrintFunction print)
-    : m_ctx(ctx), m_view(view), m_state(state), m_mainWindow(mainWindow), m_print(std::move(print))
+    : m_ctx(ctx)
+    , m_view(view)
+    , m_state(state)
+    , m_mainWindow(mainWindow)
+    , m_print(std::move(print))
 {
 }
 

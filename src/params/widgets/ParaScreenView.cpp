@@ -38,7 +38,8 @@ void setText(QLineEdit* box, const QString& text)
 } // namespace
 
 ParaScreenView::ParaScreenView(ParaPage& page, QLineEdit& txtDenryu)
-    : m_page(page), m_txtDenryu(txtDenryu)
+    : m_page(page)
+    , m_txtDenryu(txtDenryu)
 {
 }
 

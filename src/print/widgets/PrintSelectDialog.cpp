@@ -53,7 +53,7 @@ void place(QWidget* w, int left, int top, int width, int height)
 
 // A control with its caption given by message number, as the caption
 // loader expects it; 0 for a control without a caption.
-template <typename W>
+template<typename W>
 W* control(QWidget* parent, const char* name, int captionMsg)
 {
     auto* w = new W(parent);

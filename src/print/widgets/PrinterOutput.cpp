@@ -26,7 +26,10 @@ const QString PdfExtension = QStringLiteral("pdf");
 
 PrinterOutput::PrinterOutput(FileChooser& files, Prompter& prompter, QWidget* parent,
                              ShowDialog show)
-    : m_files(files), m_prompter(prompter), m_parent(parent), m_show(std::move(show))
+    : m_files(files)
+    , m_prompter(prompter)
+    , m_parent(parent)
+    , m_show(std::move(show))
 {
 }
 

@@ -24,7 +24,8 @@ QLabel* label(QWidget* parent, const char* name, int caption)
 } // namespace
 
 AboutDialog::AboutDialog(Prompter& prompter, QWidget* parent)
-    : QDialog(parent), m_prompter(prompter)
+    : QDialog(parent)
+    , m_prompter(prompter)
 {
     setObjectName(QStringLiteral("frmAbout"));
     CaptionLoader::setTag(this, 4140);

@@ -5,7 +5,9 @@
 #include <QLabel>
 
 AlarmLamps::AlarmLamps(Lamp* red, Lamp* green, QLabel* status)
-    : m_red(red), m_green(green), m_status(status)
+    : m_red(red)
+    , m_green(green)
+    , m_status(status)
 {
 }
 

@@ -40,8 +40,7 @@ ControllerSession::ControllerSession(MainWindow& window, const StartupOptions& t
         m_link->setPortName(SimulatorPortName);
         // It answers on every port number, so the port scan offers them all.
         m_link->setPortNaming([](int) { return SimulatorPortName; });
-    }
-    else if (!target.portName.isEmpty())
+    } else if (!target.portName.isEmpty())
         m_link->setPortName(target.portName);
     else
         m_link->setPortName(PortNaming::storedName());

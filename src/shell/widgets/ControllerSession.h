@@ -44,7 +44,10 @@ public:
 private:
     class WindowPrompter : public Prompter {
     public:
-        explicit WindowPrompter(MainWindow& window) : m_window(window) {}
+        explicit WindowPrompter(MainWindow& window)
+            : m_window(window)
+        {
+        }
         Answer ask(const QString& text, Buttons buttons, Icon icon, const QString& title) override;
         void notify(const QString& text, Icon icon) override;
 
@@ -53,7 +56,10 @@ private:
     };
     class WindowFiles : public FileChooser {
     public:
-        explicit WindowFiles(MainWindow& window) : m_window(window) {}
+        explicit WindowFiles(MainWindow& window)
+            : m_window(window)
+        {
+        }
         QString openFile(const QString& title, const QString& filter,
                          const QString& defaultExtension) override;
         QString saveFile(const QString& title, const QString& filter,

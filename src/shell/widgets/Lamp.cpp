@@ -6,7 +6,8 @@
 #include <QRadialGradient>
 
 Lamp::Lamp(Color color, QWidget* parent)
-    : QWidget(parent), m_color(color)
+    : QWidget(parent)
+    , m_color(color)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }

@@ -47,7 +47,11 @@ constexpr int CloseRetryMs = 20;
 } // namespace
 
 MainWindow::MainWindow(const StartupOptions& target, QWidget* parent)
-    : QMainWindow(parent), m_prompter(this), m_files(this), m_lock(this), m_linkTarget(target)
+    : QMainWindow(parent)
+    , m_prompter(this)
+    , m_files(this)
+    , m_lock(this)
+    , m_linkTarget(target)
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("KTR-W5"));

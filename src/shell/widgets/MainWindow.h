@@ -27,9 +27,9 @@ struct SequenceContext;
 // Steps of the window's life that other parts of the program provide when
 // they are wired in. An unset hook is skipped.
 struct MainWindowHooks {
-    std::function<void()> loadErrorList;   // Load: Get_ErrorList
-    std::function<void()> loadDeviceList;  // Load: LoadDeviceListAtStart (fills comboActSize)
-    std::function<void()> closePort;       // File, Exit: closes the port whatever PortOccupy says
+    std::function<void()> loadErrorList;  // Load: Get_ErrorList
+    std::function<void()> loadDeviceList; // Load: LoadDeviceListAtStart (fills comboActSize)
+    std::function<void()> closePort;      // File, Exit: closes the port whatever PortOccupy says
 };
 
 // The main window (frmMain): menus, the two tabs (operation data and

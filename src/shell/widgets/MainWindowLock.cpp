@@ -9,8 +9,12 @@
 namespace {
 
 const QStringList g_fileAndTransfer = {
-    QStringLiteral("cmdFileOpen"), QStringLiteral("cmdSaveFile"), QStringLiteral("cmdLoadtoCt"),
-    QStringLiteral("cmdGetfromCt"), QStringLiteral("cmdDataPrint"), QStringLiteral("cmdFilePrint"),
+    QStringLiteral("cmdFileOpen"),
+    QStringLiteral("cmdSaveFile"),
+    QStringLiteral("cmdLoadtoCt"),
+    QStringLiteral("cmdGetfromCt"),
+    QStringLiteral("cmdDataPrint"),
+    QStringLiteral("cmdFilePrint"),
 };
 
 QStringList join(std::initializer_list<QStringList> parts)
@@ -31,46 +35,44 @@ MainWindowLock::MainWindowLock(QWidget* form)
 const QStringList& MainWindowLock::commandButtons()
 {
     static const QStringList names = join({g_fileAndTransfer,
-        {"Frame2", "cmdMOVE", "cmdSTOP", "cmdHOME", "Frame1", "cmdIoMonitor", "Frame4", "cmdRESET"}});
+                                           {"Frame2", "cmdMOVE", "cmdSTOP", "cmdHOME", "Frame1", "cmdIoMonitor", "Frame4", "cmdRESET"}});
     return names;
 }
 
 const QStringList& MainWindowLock::menusToDisable()
 {
     static const QStringList names = {"mnuFileOpen", "mnuFileGetfromCt", "mnuFileSave",
-        "mnuFileSaveAs", "mnuFileLoadtoCt", "mnuFilePrint", "mnuModeChange", "mnuView", "mnuCont"};
+                                      "mnuFileSaveAs", "mnuFileLoadtoCt", "mnuFilePrint", "mnuModeChange", "mnuView", "mnuCont"};
     return names;
 }
 
 const QStringList& MainWindowLock::menusToEnable()
 {
     static const QStringList names = {"mnuFileOpen", "mnuFileGetfromCt", "mnuFileSave",
-        "mnuFileSaveAs", "mnuFileLoadtoCt", "mnuFilePrint", "mnuShowCtversion", "mnuModeChange",
-        "mnuView", "mnuCont"};
+                                      "mnuFileSaveAs", "mnuFileLoadtoCt", "mnuFilePrint", "mnuShowCtversion", "mnuModeChange",
+                                      "mnuView", "mnuCont"};
     return names;
 }
 
 const QStringList& MainWindowLock::homeButtons()
 {
     static const QStringList names = join({g_fileAndTransfer,
-        {"Frame2", "cmdIoMonitor", "Frame4", "cmdRESET", "cmdMOVE", "cmdSTOP", "optSTEP", "optCNT",
-         "chkTimerUse"}});
+                                           {"Frame2", "cmdIoMonitor", "Frame4", "cmdRESET", "cmdMOVE", "cmdSTOP", "optSTEP", "optCNT",
+                                            "chkTimerUse"}});
     return names;
 }
 
 const QStringList& MainWindowLock::moveButtons()
 {
-    static const QStringList names = join({
-        {"optSTEP", "optCNT", "cmdMOVE", "chkTimerUse", "txtTimer", "cmdHOME"}, g_fileAndTransfer,
-        {"Frame2", "cmdIoMonitor", "Frame4", "cmdRESET"}});
+    static const QStringList names = join({{"optSTEP", "optCNT", "cmdMOVE", "chkTimerUse", "txtTimer", "cmdHOME"}, g_fileAndTransfer, {"Frame2", "cmdIoMonitor", "Frame4", "cmdRESET"}});
     return names;
 }
 
 const QStringList& MainWindowLock::paraButtons()
 {
     static const QStringList names = {"cmdReadParaFile", "cmdSaveParaFile", "cmdConpareFile",
-        "cmdParaFilePrint", "cmdParaPrint", "cmdIniPrm", "cmdParaRead", "cmdParaWrite",
-        "cmdConpareCT"};
+                                      "cmdParaFilePrint", "cmdParaPrint", "cmdIniPrm", "cmdParaRead", "cmdParaWrite",
+                                      "cmdConpareCT"};
     return names;
 }
 

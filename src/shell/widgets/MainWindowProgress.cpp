@@ -13,10 +13,13 @@ namespace {
 constexpr int BarTopTwips = 35;
 // Room between the texts of the status bar and the bar.
 constexpr int GapPixels = 6;
-}
+} // namespace
 
 MainWindowProgress::MainWindowProgress(QWidget* mainWindow, QStatusBar* statusBar, QProgressBar* bar)
-    : QObject(mainWindow), m_mainWindow(mainWindow), m_statusBar(statusBar), m_bar(bar)
+    : QObject(mainWindow)
+    , m_mainWindow(mainWindow)
+    , m_statusBar(statusBar)
+    , m_bar(bar)
 {
     m_bar->hide();
     m_statusBar->installEventFilter(this);

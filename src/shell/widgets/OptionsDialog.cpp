@@ -28,7 +28,7 @@ constexpr int LastPort = PortNaming::ScanPorts;
 constexpr int DialogOffsetTwips = 500;
 constexpr int VirtualControllerEntry = 5001;
 
-template <typename W>
+template<typename W>
 W* named(QWidget* parent, const char* name, int caption)
 {
     auto* w = new W(parent);

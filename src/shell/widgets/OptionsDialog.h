@@ -54,8 +54,8 @@ public:
     QRadioButton* optSutiSyori_0; // round up (gMmRoundUp)
     QRadioButton* optSutiSyori_1; // round to nearest
     QLabel* lblTyuijikou;
-    QRadioButton* optLanguege_0;  // Japanese
-    QRadioButton* optLanguege_1;  // English
+    QRadioButton* optLanguege_0; // Japanese
+    QRadioButton* optLanguege_1; // English
     QPushButton* cmdOK;
     QPushButton* cmdApply;
     QPushButton* cmdCancel;
