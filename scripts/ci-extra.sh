@@ -31,7 +31,7 @@ echo "== sanitizer tests passed after $((SECONDS - started)) s"
 
 # --- fuzzing ----------------------------------------------------------------------
 echo "== fuzz targets (build-fuzz)"
-cmake -S . -B build-fuzz -DCMAKE_CXX_COMPILER=clang++ -DKTR_FUZZ=ON -DKTR_GUI=OFF -DKTR_TESTS=OFF \
+cmake -S . -B build-fuzz -DCMAKE_CXX_COMPILER=clang++ -DKTR_FUZZ=ON -DKTR_GUI=OFF -DKTR_TESTS=OFF -DKTR_WERROR=ON \
   -DCMAKE_BUILD_TYPE=Debug "-DCMAKE_CXX_FLAGS_DEBUG=-g -O1" >/dev/null
 cmake --build build-fuzz -j"$jobs" --target fuzz
 
