@@ -64,7 +64,7 @@ private slots:
 
     void gridIsTheFirstChoice()
     {
-        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get());
+        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get(), false);
         // 500 twips right of and below the opener's corner.
         QCOMPARE(dialog.pos(), QPoint(233, 183));
         dialog.show();
@@ -92,8 +92,7 @@ private slots:
     void fileBeforeBrowsingIsRefused()
     {
         QFETCH(bool, fileOnly);
-        ProgramState::instance().gPrintFileOnly = fileOnly;
-        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get());
+        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get(), fileOnly);
         dialog.show();
         if (fileOnly) {
             QVERIFY(dialog.optPrintPosi_0->isHidden() && dialog.optPrintPosi_1->isHidden());
@@ -127,7 +126,7 @@ private slots:
     {
         QFETCH(QString, how);
         m_chooser.setNextFileName(PickedFile);
-        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get());
+        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get(), false);
         dialog.show();
         clickOption(dialog.optPrintPosi_1);
         QTest::mouseClick(dialog.cmdSelectPosiFile, Qt::LeftButton);
@@ -162,7 +161,7 @@ private slots:
     {
         QFETCH(int, languege);
         Settings::writeInt(QStringLiteral("Languege"), qint16(languege));
-        PrintSelectDialog dialog(m_chooser, m_prompter, nullptr);
+        PrintSelectDialog dialog(m_chooser, m_prompter, nullptr, false);
         int shown = 0;
         QShortcut help(QKeySequence(Qt::Key_F1), &dialog);
         connect(&help, &QShortcut::activated, this, [&] { ++shown; });
