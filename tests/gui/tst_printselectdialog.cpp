@@ -7,7 +7,6 @@
 #include "print/PrintCanvas.h"
 #include "print/widgets/PrintSelectDialog.h"
 #include "print/widgets/PrinterOutput.h"
-#include "shell/Settings.h"
 
 #include <QPageLayout>
 #include <QPageSize>
@@ -148,27 +147,6 @@ private slots:
         QVERIFY(!dialog.PrintGridData);
         QCOMPARE(dialog.PosiFileName, PickedFile);
         QVERIFY(m_prompter.shown.isEmpty());
-    }
-
-    void f1FollowsTheLanguageSetting_data()
-    {
-        QTest::addColumn<int>("languege");
-        QTest::addColumn<int>("helpShown");
-        QTest::newRow("Japanese") << 1 << 1;
-        QTest::newRow("English") << 2 << 0;
-    }
-    void f1FollowsTheLanguageSetting()
-    {
-        QFETCH(int, languege);
-        Settings::writeInt(QStringLiteral("Languege"), qint16(languege));
-        PrintSelectDialog dialog(m_chooser, m_prompter, nullptr, false);
-        int shown = 0;
-        QShortcut help(QKeySequence(Qt::Key_F1), &dialog);
-        connect(&help, &QShortcut::activated, this, [&] { ++shown; });
-        dialog.show();
-        QVERIFY(QTest::qWaitForWindowActive(&dialog));
-        QTest::keyClick(dialog.focusWidget() ? dialog.focusWidget() : &dialog, Qt::Key_F1);
-        QTEST(shown, "helpShown");
     }
 
     // Every way out of the print dialog. The offscreen platform has no

@@ -3,11 +3,9 @@
 #include "common/ControlLock.h"
 #include "common/DataFiles.h"
 #include "common/MessageTable.h"
-#include "common/ProgramState.h"
 #include "device/DeviceList.h"
 #include "link/CommandSet.h"
-#include "link/ErrorList.h"
-#include "link/Link.h"
+#include "link/LinkRig.h"
 #include "link/SequenceContext.h"
 #include "params/ParaData.h"
 #include "params/ParaFile.h"
@@ -16,11 +14,7 @@
 #include "params/ParaVerifyCommand.h"
 #include "params/ParaWriteCommand.h"
 
-#include "support/FakeSerialPort.h"
-#include "support/RecordingAlarmDisplay.h"
 #include "support/ScriptedFileChooser.h"
-#include "support/ScriptedPrompter.h"
-#include "support/TempSettings.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -66,13 +60,10 @@ private:
 
 // A parameter page on a scripted controller: English, port-occupy off, the
 // device list of four sizes beside the "program", the page showing size 28.
-struct ParaRig {
+struct ParaRig : LinkRig<> {
     ParaRig()
     {
-        ProgramState::reset();
-        ProgramState::instance().gMsgBase = 10000;
-        ProgramState::instance().gPortOccupy = false;
-        link.setPortNaming([](int n) { return QStringLiteral("port%1").arg(n); });
+        link.gTimeoutMs = 2000;
         DataFiles::setProgramFolder(dir.path());
         WriteBytes(dir.filePath("nqmdevice.lst"), "4\r\n\"28\",1,2,3,4\r\n\"35\",1,2,3,4\r\n\"42\",1,2,3,4\r\n\"SP\",1,2,3,4\r\n");
         data.set = Size28Set();
@@ -97,13 +88,6 @@ struct ParaRig {
         port.answer("0WE", "0WE\r\n");
     }
 
-    TempSettings settings;
-    QTemporaryDir dir;
-    FakeSerialPort port;
-    ScriptedPrompter prompter;
-    RecordingAlarmDisplay alarms;
-    ErrorList errors;
-    Link link{port, prompter, alarms, errors};
     CommandSet commands{link};
     Recorder recorder;
     ScriptedFileChooser files;
@@ -132,7 +116,7 @@ private slots:
         QTest::addColumn<QString>("sizeTaken");
         QTest::newRow("size 28") << Block1() << 4 << QStringList() << "28";
         QTest::newRow("SP current too large to show") << Block1("14", "03") << 4 << QStringList{"The operating current in the controller is too large to be shown. The other parameters have been read."} << "20";
-        QTest::newRow("error reply to block 1") << "error" << 2 << QStringList{"Communication error occurs!\r\n[]"} << "";
+        QTest::newRow("error reply to block 1") << "error" << 2 << QStringList{UnknownText} << "";
         QTest::newRow("motor number beyond 16 bits") << Size28Digits()[1].replace(22, 4, "8000") << 3 << QStringList{"The controller holds a parameter value that this program cannot take in. The display is left as it was."} << "";
         QTest::newRow("no device list") << "" << 0 << QStringList{NoDeviceList, "Failed check of parameters."} << "";
     }
@@ -181,6 +165,7 @@ private slots:
         QTest::addColumn<Prompter::Answer>("answer");
         QTest::addColumn<QStringList>("texts");
         QTest::addColumn<int>("frames");
+        ProgramState::instance().gMsgBase = MessageTable::EnglishBase;
         QTest::newRow("edited, empty box, Cancel") << true << true << Prompter::Answer::Cancel << QStringList{Question} << 0;
         QTest::newRow("edited, empty box, No") << true << true << Prompter::Answer::No << QStringList{Question} << 4;
         QTest::newRow("Yes: the save refuses, nothing is read") << true << true << Prompter::Answer::Yes
