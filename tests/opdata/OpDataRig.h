@@ -2,18 +2,15 @@
 
 #include "common/MessageTable.h"
 #include "common/Waiter.h"
-#include "link/CommandSet.h"
-#include "link/LinkRig.h"
-#include "link/SequenceContext.h"
+#include "link/SequenceRig.h"
 #include "opdata/OpDataState.h"
 
 #include "OpDataFakes.h"
-#include "support/ScriptedFileChooser.h"
 
 // The operation data tab's sequences on a scripted serial line: English
 // messages, port-occupy off, an error list with a few codes, and stand-ins
 // for the widgets.
-struct OpDataRig : LinkRig<> {
+struct OpDataRig : SequenceRig {
     OpDataRig()
     {
         link.gTimeoutMs = 2000;
@@ -34,11 +31,6 @@ struct OpDataRig : LinkRig<> {
         return out;
     }
 
-    CommandSet commands{link};
-    RecordingLock lock;
-    RecordingProgress progress;
-    ScriptedFileChooser files;
-    SequenceContext ctx{link, commands, prompter, lock, progress, files};
     OpDataState state;
     FakeOpDataView view{state};
 };
