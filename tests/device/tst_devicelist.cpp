@@ -2,7 +2,6 @@
 #include "common/FileBytes.h"
 #include "common/ProgramState.h"
 #include "device/ActSizeList.h"
-#include "device/DeviceDialogMode.h"
 #include "device/DeviceList.h"
 #include "device/DeviceSelection.h"
 #include "device/SizeListBox.h"
@@ -144,21 +143,6 @@ private slots:
         QCOMPARE(prompter.shown.size(), content.isEmpty() ? 1 : 0);
         QCOMPARE(comboActSize.itemData(items.size() - 1), content.isEmpty() ? 9 : 3);
         QTEST(comboActSize.text(), "after");
-    }
-
-    void dialogModeFromTheTypeCode_data()
-    {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<bool>("mode");
-        QTest::newRow("0") << 0 << true;
-        QTest::newRow("1") << 1 << true;
-        QTest::newRow("2") << 2 << false;
-    }
-    void dialogModeFromTheTypeCode()
-    {
-        QFETCH(int, type);
-        SetDeviceDialogMode(qint16(type));
-        QTEST(ProgramState::instance().gDeviceDialogMode, "mode");
     }
 
     void dialogLoad_data()
