@@ -214,8 +214,7 @@ int printParams(CliSession& session, const QStringList& args)
     PrintParaList list;
     if (ParaPrintCommands::ReadPrintList(arguments.file(0), session.prompter(), list) != 0)
         return ExitUsage;
-    ProgramState::instance().gPrintFromFile = true;
-    ParaPrintout printout(list);
+    ParaPrintout printout(list, true);
     QString error;
     if (!PdfPrinter::write(printout, arguments.value(Output), &error)) {
         session.report(Msg(CannotWrite).arg(arguments.value(Output), error));

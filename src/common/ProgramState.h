@@ -16,7 +16,6 @@ struct ProgramState {
     qint16 gLanguage = 1;    // 1 Japanese, 2 English
     qint32 gMsgBase = 0;     // 0 Japanese, 10000 English
     bool gLanguageChangePending = false;
-    bool gSplashDone = false;
 
     // Port and options.
     qint16 gPortNo = 1;
@@ -28,28 +27,10 @@ struct ProgramState {
     bool gCommBusy = false;    // a controller sequence runs
     bool gDataChanged = false; // operation data edited since saved or transferred
 
-    // Numeric entry normalisation works on this shared text.
-    QString gChkText;
-
-    // Operation data and move test.
-    bool gSuppressVelCalc = false;
-    bool gHomeRequested = false;
-    bool gHomeFailed = false;
-    bool gHomeRequestBlock = false;
-
-    // Printing.
-    bool gPrintFileOnly = false;
-    bool gPrintFromFile = false;
-    QString gMotorCode;
-
     // Actuator selection.
-    QString gActFamily;
     QString gActSize;
     QString gActKindChar;
     qint16 gActNumber = 0;
     bool gPgUse = false;
-    bool gDeviceSetDone = false;
-    bool gDeviceKnown = false;
     bool gDeviceDialogMode = false;
-    QString gActSizeDefault;
 };

@@ -1,10 +1,10 @@
 #include "common/StripLeadingZeros.h"
 
-void StripLeadingZeros(QString& gChkText)
+void StripLeadingZeros(QString& text)
 {
-    const qsizetype rounds = gChkText.size();
-    for (qsizetype i = 0; i < rounds && gChkText.startsWith(u'0'); ++i)
-        gChkText.remove(0, 1);
-    if (gChkText.isEmpty())
-        gChkText = QStringLiteral("0");
+    const qsizetype rounds = text.size();
+    for (qsizetype i = 0; i < rounds && text.startsWith(u'0'); ++i)
+        text.remove(0, 1);
+    if (text.isEmpty())
+        text = QStringLiteral("0");
 }

@@ -4,8 +4,5 @@
 
 void SetDeviceDialogMode(qint16 typeCode)
 {
-    ProgramState& g = ProgramState::instance();
-    g.gDeviceDialogMode = typeCode == 0 || typeCode == 1;
-    g.gDeviceKnown = typeCode == 1;
-    g.gDeviceSetDone = typeCode != 0 && typeCode != 1;
+    ProgramState::instance().gDeviceDialogMode = typeCode == 0 || typeCode == 1;
 }

@@ -16,11 +16,7 @@ void DeviceSelection::Form_Load(const QString& mainActSize)
         familyText = QStringLiteral("QM");
         chkDevPgUseEnabled = true;
         chkDevPgUse = g.gPgUse ? 1 : 0;
-        g.gDeviceSetDone = true;
-        g.gDeviceKnown = true;
     }
-    // The size recorded with the parameters (gActSizeDefault) cannot be
-    // chosen before the list has items; the main window's size is chosen below.
     Cancelled = false;
 
     if (m_devices.ReadDeviceList(m_prompter) != 0)
@@ -42,12 +38,9 @@ void DeviceSelection::DispPgUse()
 void DeviceSelection::cmdDeviceSet_Click()
 {
     ProgramState& g = ProgramState::instance();
-    g.gActFamily = QStringLiteral("QM");
     g.gActSize = comboDeviceSize.text();
     g.gActKindChar = QStringLiteral("L");
     g.gActNumber = 100;
-    g.gDeviceSetDone = true;
-    g.gDeviceKnown = true;
     g.gPgUse = chkDevPgUse == 1;
     m_devices.ReadDeviceList(m_prompter);
     closeRequested = true;

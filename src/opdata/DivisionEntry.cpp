@@ -41,9 +41,9 @@ EntryOutcome DivisionEntry::textChanged(const QString& text)
 
 EntryOutcome DivisionEntry::leave(const QString& text)
 {
-    QString gChkText = text;
-    StripLeadingZeros(gChkText);
-    if (gChkText == u"1" || gChkText.startsWith(u'0'))
+    QString digits = text;
+    StripLeadingZeros(digits);
+    if (digits == u"1" || digits.startsWith(u'0'))
         return EntryOutcome::clearedAndMarked();
-    return EntryOutcome::withText(gChkText);
+    return EntryOutcome::withText(digits);
 }

@@ -11,23 +11,23 @@ KeyAction GearEntry::keyPress(const QString& text, QChar key)
 }
 
 EntryOutcome GearEntry::textChanged(const QString& text, const QString& comboVEL, bool mEventsOff,
-                                    bool gSuppressVelCalc)
+                                    bool suppressVelCalc)
 {
     if (!IsNumeric(text))
         return EntryOutcome::cleared();
     EntryOutcome outcome;
     if (!mEventsOff) {
         outcome.background = Background::Window;
-        outcome.txtVEL = VelocityRules::VelOnGearChange(comboVEL, text, mEventsOff, gSuppressVelCalc);
+        outcome.txtVEL = VelocityRules::VelOnGearChange(comboVEL, text, mEventsOff, suppressVelCalc);
     }
     return DivisionEntry::limitTo100(text, outcome);
 }
 
 EntryOutcome GearEntry::leave(const QString& text)
 {
-    QString gChkText = text;
-    StripLeadingZeros(gChkText);
-    if (gChkText.startsWith(u'0'))
+    QString digits = text;
+    StripLeadingZeros(digits);
+    if (digits.startsWith(u'0'))
         return EntryOutcome::clearedAndMarked();
-    return EntryOutcome::withText(gChkText);
+    return EntryOutcome::withText(digits);
 }

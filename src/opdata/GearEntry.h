@@ -10,7 +10,7 @@ public:
     // speed value is taken from the text as typed, before a value above 100
     // is cleared.
     static EntryOutcome textChanged(const QString& text, const QString& comboVEL, bool mEventsOff,
-                                    bool gSuppressVelCalc);
+                                    bool suppressVelCalc);
     // Leading zeros stripped; a text that is (or was) all zeros is cleared and marked.
     static EntryOutcome leave(const QString& text);
 };

@@ -55,18 +55,12 @@ int Homing::run()
 
 int Homing::steps()
 {
-    ProgramState& ps = ProgramState::instance();
     if (m_ctx.link.OpenCommPort() != 0 || m_ctx.commands.CheckCommunication() != 0)
         return 1;
-
-    // A blocked request is not recorded as one.
-    ps.gHomeRequested = !ps.gHomeRequestBlock;
-
     if (m_ctx.commands.MoveToPosition(HomePoint) != 0) {
         homeMoveFailed();
         return 1;
     }
-    ps.gHomeFailed = false;
     return waitForHome();
 }
 
@@ -90,14 +84,12 @@ int Homing::waitForHome()
         if (status == StatusFinished)
             return 0;
         if (status == StatusFailed) {
-            ProgramState::instance().gHomeRequested = false;
             m_ctx.link.CloseCommPort();
             return 1;
         }
         if (status == StatusMoving)
             continue;
         if (m_stopRequest) {
-            ProgramState::instance().gHomeRequested = false;
             m_ctx.prompter.tell(Msg(HomingGivenUpMessage).arg(status), Prompter::Icon::Exclamation);
             return 1;
         }
@@ -107,7 +99,6 @@ int Homing::waitForHome()
 
 void Homing::homeMoveFailed()
 {
-    ProgramState& ps = ProgramState::instance();
     m_ctx.link.CloseCommPort();
     m_view.setHomeEnabled(true);
     const QString reply = m_ctx.link.gReply;
@@ -116,6 +107,4 @@ void Homing::homeMoveFailed()
         if (reply.startsWith(QLatin1String("0%%0B")))
             qCInfo(lcOpData) << "homing refused by the controller:" << reply.trimmed();
     }
-    ps.gHomeRequested = false;
-    ps.gHomeFailed = true;
 }

@@ -16,6 +16,9 @@ struct OpDataState {
     // While set, the speed and acceleration choices and the gear entry do not
     // recompute anything: the program itself is loading values into them.
     bool mEventsOff = false;
+    // Set only while the page loads txtGEAR, so loading a gear ratio never
+    // recomputes the speed value.
+    bool mSuppressVelCalc = false;
 
     bool mHasDecimalPoint = false; // txtDenryu holds a "."
 

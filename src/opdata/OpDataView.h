@@ -10,7 +10,7 @@ public:
     // What the controls hold now.
     virtual OpDataScreen screen() const = 0;
     // Loads values into the controls. The caller sets mEventsOff meanwhile;
-    // the page sets gSuppressVelCalc around loading txtGEAR, so loading
+    // the page suppresses the speed calculation around loading txtGEAR, so loading
     // never recomputes the speed value.
     virtual void showScreen(const OpDataScreen& screen) = 0;
 

@@ -24,10 +24,10 @@ std::optional<QString> VelocityRules::VelOnSpeedClick(const QString& comboVEL,
 
 std::optional<QString> VelocityRules::VelOnGearChange(const QString& comboVEL,
                                                       const QString& txtGEAR, bool mEventsOff,
-                                                      bool gSuppressVelCalc)
+                                                      bool suppressVelCalc)
 {
     if (mEventsOff || txtGEAR.isEmpty() || txtGEAR.startsWith(u'0') || comboVEL.isEmpty()
-        || gSuppressVelCalc)
+        || suppressVelCalc)
         return std::nullopt;
     return velocity(comboVEL, txtGEAR);
 }

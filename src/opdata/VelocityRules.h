@@ -15,7 +15,7 @@ public:
 
     // A change of txtGEAR: the new text of txtVEL.
     static std::optional<QString> VelOnGearChange(const QString& comboVEL, const QString& txtGEAR,
-                                                  bool mEventsOff, bool gSuppressVelCalc);
+                                                  bool mEventsOff, bool suppressVelCalc);
 
     // The speed choice ("1".."30") that stands for a speed value at a gear
     // ratio, after a read. Nothing when txtVEL or txtGEAR is not a number.

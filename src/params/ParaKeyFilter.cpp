@@ -1,6 +1,5 @@
 #include "params/ParaKeyFilter.h"
 
-#include "common/ProgramState.h"
 #include "common/StripLeadingZeros.h"
 
 #include <array>
@@ -65,8 +64,7 @@ ParaKeyResult ParaKeyFilter(ParaBox box, const QString& text, bool selectionCove
 
 QString ParaLostFocus(ParaBox box, const QString& text)
 {
-    QString& work = ProgramState::instance().gChkText;
-    work = text;
+    QString work = text;
     StripLeadingZeros(work);
     if (zeroNotAllowed(box) && work == QLatin1String("0"))
         work.clear();

@@ -2,7 +2,6 @@
 
 #include "common/ProgramState.h"
 #include "device/DeviceDialogMode.h"
-#include "params/ActuatorSize.h"
 #include "params/ParaEntries.h"
 
 void TakeCtParaImage(const CtParaImage& image, ParaSet& set)
@@ -13,8 +12,6 @@ void TakeCtParaImage(const CtParaImage& image, ParaSet& set)
             SetParaEntry(taken, entry, image[entry]);
     set = taken;
 
-    ProgramState& g = ProgramState::instance();
     SetDeviceDialogMode(set.axis.actType);
-    g.gPgUse = set.pg.function != 0;
-    g.gActSizeDefault = SizeDisplayText(set.axis.sizeText);
+    ProgramState::instance().gPgUse = set.pg.function != 0;
 }

@@ -78,7 +78,6 @@ void ParaPrintCommands::printFile()
 
 void ParaPrintCommands::print(const PrintParaList& list, bool fromFile)
 {
-    ProgramState::instance().gPrintFromFile = fromFile;
-    ParaPrintout printout(list);
+    ParaPrintout printout(list, fromFile);
     m_print(printout);
 }

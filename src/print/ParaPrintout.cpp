@@ -2,7 +2,6 @@
 
 #include "common/MessageTable.h"
 #include "common/NumberText.h"
-#include "common/ProgramState.h"
 #include "common/RuntimeError.h"
 #include "print/PrintCanvas.h"
 #include "print/PrintFooter.h"
@@ -65,8 +64,9 @@ const QList<SheetRow>& sheetRows()
 
 } // namespace
 
-ParaPrintout::ParaPrintout(const PrintParaList& list, const QDateTime& printedAt)
+ParaPrintout::ParaPrintout(const PrintParaList& list, bool fromFile, const QDateTime& printedAt)
     : m_list(list)
+    , m_fromFile(fromFile)
     , m_printedAt(printedAt)
 {
 }
@@ -91,7 +91,7 @@ QString ParaPrintout::motorText(const QVariant& value)
 
 QString ParaPrintout::pdfFileName() const
 {
-    if (ProgramState::instance().gPrintFromFile)
+    if (m_fromFile)
         return pdfNameFor(m_list[0].toString());
     return pdfNameFor(Msg(ProposedFileMsg));
 }
@@ -101,14 +101,13 @@ void ParaPrintout::draw(PrintCanvas& canvas)
     drawHeading(canvas);
     drawSections(canvas);
     PrintFooter(m_printedAt).draw(canvas);
-    ProgramState::instance().gMotorCode = m_list[MotorEntry].toString().left(2);
 }
 
 void ParaPrintout::drawHeading(PrintCanvas& canvas) const
 {
     const PageMetrics& m = canvas.metrics();
     canvas.text(LabelX, TitleRow * m.gLinePitch, Msg(TitleMsg));
-    if (ProgramState::instance().gPrintFromFile)
+    if (m_fromFile)
         canvas.text(ValueX, TitleRow * m.gLinePitch, Msg(FileNameMsg) + m_list[0].toString());
     canvas.rule(RuleRow * m.gLinePitch, RuleLeftX, m.gRightEdge);
 }

@@ -11,12 +11,11 @@ class PrintCanvas;
 
 // The one-page parameter sheet: five titled sections on fixed rows, labels
 // at 20 mm, values at 80 mm. The file name heads the sheet when the values
-// came from a file (gPrintFromFile). Printing keeps the motor size code in
-// gMotorCode.
+// came from a file (fromFile; entry 0 of the list is then its name).
 class ParaPrintout : public Printout {
 public:
-    explicit ParaPrintout(const PrintParaList& list,
-                          const QDateTime& printedAt = QDateTime::currentDateTime());
+    ParaPrintout(const PrintParaList& list, bool fromFile,
+                 const QDateTime& printedAt = QDateTime::currentDateTime());
 
     // The parameter file's name, or the proposed one when printing the page.
     QString pdfFileName() const override;
@@ -36,5 +35,6 @@ private:
     void drawSections(PrintCanvas& canvas) const;
 
     PrintParaList m_list;
+    bool m_fromFile;
     QDateTime m_printedAt;
 };

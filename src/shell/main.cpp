@@ -57,14 +57,12 @@ int answerWithoutWindow(const StartupOptions& options)
 
 void showSplash()
 {
-    ProgramState& s = ProgramState::instance();
     SplashWindow splash;
     splash.Form_Load();
     splash.show();
     splash.repaint();
     splash.startTimer();
-    Waiter::waitUntil([&s] { return s.gSplashDone; });
-    s.gSplashDone = false;
+    Waiter::waitUntil([&splash] { return splash.done(); });
     splash.close();
 }
 

@@ -2,7 +2,6 @@
 #include "common/FileBytes.h"
 #include "common/ProgramState.h"
 #include "device/ActSizeList.h"
-#include "device/DeviceDialogMode.h"
 #include "device/DeviceList.h"
 #include "device/DeviceSelection.h"
 #include "device/SizeListBox.h"
@@ -146,26 +145,6 @@ private slots:
         QTEST(comboActSize.text(), "after");
     }
 
-    void dialogModeFromTheTypeCode_data()
-    {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<bool>("mode");
-        QTest::addColumn<bool>("known");
-        QTest::newRow("0") << 0 << true << false;
-        QTest::newRow("1") << 1 << true << true;
-        QTest::newRow("2") << 2 << false << false;
-        QTest::newRow("-1") << -1 << false << false;
-    }
-    void dialogModeFromTheTypeCode()
-    {
-        QFETCH(int, type);
-        SetDeviceDialogMode(qint16(type));
-        const ProgramState& g = ProgramState::instance();
-        QTEST(g.gDeviceDialogMode, "mode");
-        QTEST(g.gDeviceKnown, "known");
-        QCOMPARE(g.gDeviceSetDone, !g.gDeviceDialogMode);
-    }
-
     void dialogLoad_data()
     {
         QTest::addColumn<bool>("mode");
@@ -193,14 +172,12 @@ private slots:
         QCOMPARE(dialog.chkDevPgUse, pgUse ? 1 : 0);
         QVERIFY(dialog.chkDevPgUseEnabled && dialog.chkDevPgUseVisible && !dialog.Cancelled);
         QCOMPARE(dialog.familyText, mode ? "QM" : "");
-        QCOMPARE((QList<bool>{g.gDeviceSetDone, g.gDeviceKnown}), (QList<bool>{mode, mode}));
     }
 
     // A missing list leaves the dialog's size empty; Set then stores it so.
     void dialogWithoutAList()
     {
         QFile::remove(listPath());
-        ProgramState::instance().gActSizeDefault = "35";
         DeviceList list;
         DeviceSelection dialog(list, prompter);
         dialog.Form_Load("42");

@@ -53,6 +53,7 @@ struct SimWindowRig {
     Page& page() { return *window->findChild<Page*>(); }
     Controller& controller() { return *window->findChild<Controller*>(); }
     SimController& sim() { return *window->session().simulator(); }
+    Link& link() { return window->session().link(); }
     int count(const QString& frame) const { return int(frames.count(frame)); }
 
     TempSettings settings;

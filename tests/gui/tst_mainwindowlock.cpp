@@ -1,49 +1,12 @@
 #include "SimWindowRig.h"
 #include "opdata/widgets/OpDataPage.h"
 #include "opdata/widgets/OpDataPageController.h"
-#include "shell/widgets/MainWindowLock.h"
 #include "shell/widgets/MainWindowProgress.h"
 #include "shell/widgets/TransferWindow.h"
 
 #include <QtWidgets>
 
-namespace {
-
-using Routine = void (ControlLock::*)();
-
-// Every named control side by side as a check box (which the dwell choices
-// can tick), so that every enabled change is one the routine made itself.
-class FlatForm : public QWidget {
-public:
-    FlatForm()
-    {
-        QStringList names = MainWindowLock::commandButtons() + MainWindowLock::menusToEnable()
-            + MainWindowLock::homeButtons() + MainWindowLock::moveButtons()
-            + MainWindowLock::paraButtons();
-        names.removeDuplicates();
-        for (const QString& name : names) {
-            auto* box = new QCheckBox(this);
-            box->setObjectName(name);
-            box->installEventFilter(this);
-        }
-    }
-
-    QStringList changes;
-
-protected:
-    bool eventFilter(QObject* o, QEvent* e) override
-    {
-        if (e->type() == QEvent::EnabledChange)
-            changes << o->objectName();
-        return false;
-    }
-};
-
-} // namespace
-
-Q_DECLARE_METATYPE(Routine)
-
-// The enabling routines act on their controls by name and in their order;
+// The enabling routines keep the dwell rule and the version item quirk;
 // the progress bar and the transfer window show the transfers.
 class TestMainWindowLock : public QObject {
     Q_OBJECT
@@ -51,77 +14,42 @@ class TestMainWindowLock : public QObject {
 private slots:
     void init() { ProgramState::reset(); }
 
-    // The move buttons come back with the dwell box only in continuous
-    // mode, and with the dwell time only while the box is ticked.
-    void routineTouchesItsListInOrder_data()
+    // Unlocking after a move brings the dwell box back only in continuous
+    // mode and the dwell time only while the box is ticked.
+    void moveUnlockFollowsTheDwellChoice_data()
     {
-        QTest::addColumn<Routine>("routine");
-        QTest::addColumn<bool>("disables");
-        QTest::addColumn<QStringList>("ticked");
-        QTest::addColumn<QStringList>("order");
-        const QStringList files = {"cmdFileOpen", "cmdSaveFile", "cmdLoadtoCt", "cmdGetfromCt", "cmdDataPrint",
-                                   "cmdFilePrint", "Frame2"};
-        const QStringList cmd = files + QStringList{"cmdMOVE", "cmdSTOP", "cmdHOME", "Frame1", "cmdIoMonitor", "Frame4", "cmdRESET"};
-        const QStringList home = files + QStringList{"cmdIoMonitor", "Frame4", "cmdRESET", "cmdMOVE", "cmdSTOP", "optSTEP", "optCNT", "chkTimerUse"};
-        const QStringList move = QStringList{"optSTEP", "optCNT", "cmdMOVE", "chkTimerUse", "txtTimer", "cmdHOME"} + files
-            + QStringList{"cmdIoMonitor", "Frame4", "cmdRESET"};
-        const QStringList para = {"cmdReadParaFile", "cmdSaveParaFile", "cmdConpareFile", "cmdParaFilePrint",
-                                  "cmdParaPrint", "cmdIniPrm", "cmdParaRead", "cmdParaWrite", "cmdConpareCT"};
-        const QStringList menus = {"mnuFileOpen", "mnuFileGetfromCt", "mnuFileSave", "mnuFileSaveAs",
-                                   "mnuFileLoadtoCt", "mnuFilePrint"};
-        const QStringList none;
-        const auto moveWithout = [&](const QStringList& left) {
-            QStringList out = move;
-            for (const QString& name : left)
-                out.removeOne(name);
-            return out;
-        };
-        QTest::newRow("CMDBTN_Muko") << &ControlLock::CMDBTN_Muko << true << none << cmd;
-        QTest::newRow("CMDBTN_Yuko") << &ControlLock::CMDBTN_Yuko << false << none << cmd;
-        QTest::newRow("Menyu_Muko") << &ControlLock::Menyu_Muko << true << none
-                                    << menus + QStringList{"mnuModeChange", "mnuView", "mnuCont"};
-        QTest::newRow("Menyu_Yuko") << &ControlLock::Menyu_Yuko << false << none
-                                    << menus + QStringList{"mnuShowCtversion", "mnuModeChange", "mnuView", "mnuCont"};
-        QTest::newRow("HOMEBTN_Muko") << &ControlLock::HOMEBTN_Muko << true << none << home;
-        QTest::newRow("HOMEBTN_Yuko") << &ControlLock::HOMEBTN_Yuko << false << none << home;
-        QTest::newRow("MoveCMDBTN_Muko") << &ControlLock::MoveCMDBTN_Muko << true << none << move;
-        QTest::newRow("MoveCMDBTN_Yuko step") << &ControlLock::MoveCMDBTN_Yuko << false << none
-                                              << moveWithout({"chkTimerUse", "txtTimer"});
-        QTest::newRow("MoveCMDBTN_Yuko continuous") << &ControlLock::MoveCMDBTN_Yuko << false << QStringList{"optCNT"}
-                                                    << moveWithout({"txtTimer"});
-        QTest::newRow("MoveCMDBTN_Yuko continuous with dwell") << &ControlLock::MoveCMDBTN_Yuko << false
-                                                               << QStringList{"optCNT", "chkTimerUse"} << move;
-        QTest::newRow("MoveCMDBTN_Yuko step, dwell still ticked") << &ControlLock::MoveCMDBTN_Yuko << false
-                                                                  << QStringList{"chkTimerUse"} << moveWithout({"chkTimerUse"});
-        QTest::newRow("ParaCMDBTN_Muko") << &ControlLock::ParaCMDBTN_Muko << true << none << para;
-        QTest::newRow("ParaCMDBTN_Yuko") << &ControlLock::ParaCMDBTN_Yuko << false << none << para;
+        QTest::addColumn<bool>("continuous");
+        QTest::addColumn<bool>("dwell");
+        QTest::newRow("step") << false << false;
+        QTest::newRow("continuous") << true << false;
+        QTest::newRow("continuous with dwell") << true << true;
+        QTest::newRow("step, dwell still ticked") << false << true;
     }
-    void routineTouchesItsListInOrder()
+    void moveUnlockFollowsTheDwellChoice()
     {
-        QFETCH(Routine, routine);
-        QFETCH(bool, disables);
-        QFETCH(QStringList, ticked);
-        QFETCH(QStringList, order);
-        FlatForm form;
-        MainWindowLock lock(&form);
-        const QList<QCheckBox*> boxes = form.findChildren<QCheckBox*>();
-        for (QCheckBox* box : boxes) {
-            box->setChecked(ticked.contains(box->objectName()));
-            box->setEnabled(disables);
-        }
-        form.changes.clear();
-
-        (lock.*routine)();
-
-        QCOMPARE(form.changes, order);
-        for (QCheckBox* box : boxes)
-            QCOMPARE(box->isEnabled(), order.contains(box->objectName()) != disables);
+        QFETCH(bool, continuous);
+        QFETCH(bool, dwell);
+        MainWindow w;
+        (continuous ? w.opData->optCNT : w.opData->optSTEP)->setChecked(true);
+        w.opData->chkTimerUse->setChecked(dwell);
+        w.lock().MoveCMDBTN_Muko();
+        QVERIFY(!w.opData->cmdMOVE->isEnabled() && !w.opData->chkTimerUse->isEnabled());
+        w.lock().MoveCMDBTN_Yuko();
+        QVERIFY(w.opData->cmdMOVE->isEnabled() && w.opData->Frame4->isEnabled());
+        QCOMPARE(w.opData->chkTimerUse->isEnabled(), continuous);
+        QCOMPARE(w.opData->txtTimer->isEnabled(), dwell);
     }
 
-    void everyNamedControlExistsOnTheMainWindow()
+    // A command never disables the version item, yet enables it again.
+    void versionItemComesBackWithTheMenus()
     {
         MainWindow w;
-        QCOMPARE(static_cast<MainWindowLock&>(w.lock()).missingControls(), QStringList());
+        w.lock().Menyu_Muko();
+        QVERIFY(!w.mnuFileOpen->isEnabled() && !w.findChild<QMenu*>("mnuCont")->menuAction()->isEnabled());
+        QVERIFY(w.mnuShowCtversion->isEnabled() && w.lock().held());
+        w.mnuShowCtversion->setEnabled(false);
+        w.lock().Menyu_Yuko();
+        QVERIFY(w.mnuFileOpen->isEnabled() && w.mnuShowCtversion->isEnabled() && !w.lock().held());
     }
 
     // The version item stays enabled while the I/O monitor runs (and the

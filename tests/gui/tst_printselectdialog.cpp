@@ -7,7 +7,6 @@
 #include "print/PrintCanvas.h"
 #include "print/widgets/PrintSelectDialog.h"
 #include "print/widgets/PrinterOutput.h"
-#include "shell/Settings.h"
 
 #include <QPageLayout>
 #include <QPageSize>
@@ -64,7 +63,7 @@ private slots:
 
     void gridIsTheFirstChoice()
     {
-        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get());
+        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get(), false);
         // 500 twips right of and below the opener's corner.
         QCOMPARE(dialog.pos(), QPoint(233, 183));
         dialog.show();
@@ -92,8 +91,7 @@ private slots:
     void fileBeforeBrowsingIsRefused()
     {
         QFETCH(bool, fileOnly);
-        ProgramState::instance().gPrintFileOnly = fileOnly;
-        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get());
+        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get(), fileOnly);
         dialog.show();
         if (fileOnly) {
             QVERIFY(dialog.optPrintPosi_0->isHidden() && dialog.optPrintPosi_1->isHidden());
@@ -127,7 +125,7 @@ private slots:
     {
         QFETCH(QString, how);
         m_chooser.setNextFileName(PickedFile);
-        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get());
+        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get(), false);
         dialog.show();
         clickOption(dialog.optPrintPosi_1);
         QTest::mouseClick(dialog.cmdSelectPosiFile, Qt::LeftButton);
@@ -149,27 +147,6 @@ private slots:
         QVERIFY(!dialog.PrintGridData);
         QCOMPARE(dialog.PosiFileName, PickedFile);
         QVERIFY(m_prompter.shown.isEmpty());
-    }
-
-    void f1FollowsTheLanguageSetting_data()
-    {
-        QTest::addColumn<int>("languege");
-        QTest::addColumn<int>("helpShown");
-        QTest::newRow("Japanese") << 1 << 1;
-        QTest::newRow("English") << 2 << 0;
-    }
-    void f1FollowsTheLanguageSetting()
-    {
-        QFETCH(int, languege);
-        Settings::writeInt(QStringLiteral("Languege"), qint16(languege));
-        PrintSelectDialog dialog(m_chooser, m_prompter, nullptr);
-        int shown = 0;
-        QShortcut help(QKeySequence(Qt::Key_F1), &dialog);
-        connect(&help, &QShortcut::activated, this, [&] { ++shown; });
-        dialog.show();
-        QVERIFY(QTest::qWaitForWindowActive(&dialog));
-        QTest::keyClick(dialog.focusWidget() ? dialog.focusWidget() : &dialog, Qt::Key_F1);
-        QTEST(shown, "helpShown");
     }
 
     // Every way out of the print dialog. The offscreen platform has no

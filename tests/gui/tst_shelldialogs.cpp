@@ -157,7 +157,7 @@ private slots:
         QElapsedTimer t;
         t.start();
         splash.startTimer();
-        QCOMPARE(Waiter::waitUntil([] { return ProgramState::instance().gSplashDone; }, 4000), Waiter::Result::Done);
+        QCOMPARE(Waiter::waitUntil([&splash] { return splash.done(); }, 4000), Waiter::Result::Done);
         QVERIFY(t.elapsed() >= 1900);
         QVERIFY(!splash.timerSplash->isActive());
     }

@@ -200,8 +200,8 @@ private slots:
             QVERIFY(g.gActSize.isEmpty() && p.txtHomeOffset->text().isEmpty());
             return;
         }
-        QCOMPARE((QVariantList{g.gActSize, g.gActKindChar, g.gActNumber, g.gPgUse, g.gDeviceSetDone, g.gDeviceKnown}),
-                 (QVariantList{"SP", "L", 100, true, true, true}));
+        QCOMPARE((QVariantList{g.gActSize, g.gActKindChar, g.gActNumber, g.gPgUse}),
+                 (QVariantList{"SP", "L", 100, true}));
         QCOMPARE(p.txtHomeOffset->text(), QStringLiteral("30"));
         QCOMPARE(p.txtAxisPulse->text(), QStringLiteral("400"));
     }

@@ -1,13 +1,8 @@
-#include "LinkRig.h"
+#include "SequenceRig.h"
 
-#include "common/ControlLock.h"
 #include "common/MessageTable.h"
 #include "link/AlarmReset.h"
-#include "link/CommandSet.h"
-#include "link/SequenceContext.h"
 #include "link/VersionQuery.h"
-
-#include "support/ScriptedFileChooser.h"
 
 #include <QTest>
 
@@ -17,24 +12,6 @@ using Frames = QList<QByteArray>;
 
 // The others held off around a command of the window, as the transfers do.
 const QStringList HeldAround{"CMDBTN_Muko", "tabs off", "Menyu_Muko", "CMDBTN_Yuko", "tabs on", "Menyu_Yuko"};
-
-class RecordingLock : public ControlLock {
-public:
-    void CMDBTN_Muko() override { calls << "CMDBTN_Muko"; }
-    void CMDBTN_Yuko() override { calls << "CMDBTN_Yuko"; }
-    void Menyu_Muko() override { calls << "Menyu_Muko"; }
-    void Menyu_Yuko() override { calls << "Menyu_Yuko"; }
-    void setTabsEnabled(bool on) override { calls << (on ? "tabs on" : "tabs off"); }
-    QStringList calls;
-};
-
-struct SequenceRig : LinkRig<> {
-    CommandSet commands{link};
-    RecordingLock lock;
-    ProgressDisplay progress;
-    ScriptedFileChooser files;
-    SequenceContext context{link, commands, prompter, lock, progress, files};
-};
 
 using Routine = int (*)(CommandSet&);
 
@@ -132,7 +109,7 @@ private slots:
         rig.alarms.status = QStringLiteral("Overload alarm.");
         rig.port.answer("0AR", reply);
 
-        QTEST(AlarmReset(rig.context, rig.alarms).run(), "result");
+        QTEST(AlarmReset(rig.ctx, rig.alarms).run(), "result");
 
         QTEST(rig.alarms.alarm, "alarm");
         QTEST(rig.alarms.status, "status");
@@ -168,7 +145,7 @@ private slots:
         for (int i = 0; i < sent.size(); ++i)
             rig.port.answer(sent[i], replies[i]);
 
-        QTEST(VersionQuery(rig.context).run(), "result");
+        QTEST(VersionQuery(rig.ctx).run(), "result");
 
         QCOMPARE(rig.port.frames, sent);
         QTEST(rig.prompter.texts(), "told");
@@ -191,7 +168,7 @@ private slots:
         QCOMPARE(rig.link.OpenCommPort(), 0);
         ProgramState::instance().gCommBusy = true;
 
-        QCOMPARE(version ? VersionQuery(rig.context).run() : AlarmReset(rig.context, rig.alarms).run(), 1);
+        QCOMPARE(version ? VersionQuery(rig.ctx).run() : AlarmReset(rig.ctx, rig.alarms).run(), 1);
 
         QVERIFY(rig.port.frames.isEmpty());
         QVERIFY(rig.lock.calls.isEmpty());

@@ -1,46 +1,16 @@
 #pragma once
 
-#include "common/ControlLock.h"
 #include "opdata/IoMonitorView.h"
 #include "opdata/OpDataState.h"
 #include "opdata/OpDataView.h"
+
+#include "support/RecordingLock.h"
 
 #include <QHash>
 #include <QStringList>
 
 // Stand-ins for the widgets the operation data sequences drive. Each records
-// what it was asked to do, in order, so tests can check the enabling around
-// a command and what reached the screen.
-
-class RecordingLock : public ControlLock {
-public:
-    void CMDBTN_Muko() override { calls << QStringLiteral("CMDBTN_Muko"); }
-    void CMDBTN_Yuko() override { calls << QStringLiteral("CMDBTN_Yuko"); }
-    void Menyu_Muko() override { calls << QStringLiteral("Menyu_Muko"); }
-    void Menyu_Yuko() override { calls << QStringLiteral("Menyu_Yuko"); }
-    void HOMEBTN_Muko() override { calls << QStringLiteral("HOMEBTN_Muko"); }
-    void HOMEBTN_Yuko() override { calls << QStringLiteral("HOMEBTN_Yuko"); }
-    void MoveCMDBTN_Muko() override { calls << QStringLiteral("MoveCMDBTN_Muko"); }
-    void MoveCMDBTN_Yuko() override { calls << QStringLiteral("MoveCMDBTN_Yuko"); }
-    void setTabsEnabled(bool on) override { calls << (on ? QStringLiteral("tabs on") : QStringLiteral("tabs off")); }
-
-    QStringList calls;
-};
-
-class RecordingProgress : public ProgressDisplay {
-public:
-    void Disp_ProgressBar(int maximum) override { calls << QStringLiteral("bar %1").arg(maximum); }
-    void setProgress(int value) override { calls << QStringLiteral("bar = %1").arg(value); }
-    void Hide_ProgressBar() override { calls << QStringLiteral("bar hidden"); }
-    void showTransfer(const QString& text, int maximum) override
-    {
-        calls << QStringLiteral("window %1 %2").arg(text).arg(maximum);
-    }
-    void setTransferProgress(int value) override { calls << QStringLiteral("window = %1").arg(value); }
-    void hideTransfer() override { calls << QStringLiteral("window hidden"); }
-
-    QStringList calls;
-};
+// what it was asked to do, in order, so tests can check what reached the screen.
 
 class FakeOpDataView : public OpDataView {
 public:

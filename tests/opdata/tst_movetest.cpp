@@ -124,25 +124,18 @@ private slots:
     {
         QTest::addColumn<QByteArray>("reply"); // to the home move
         QTest::addColumn<Replies>("statuses");
-        QTest::addColumn<bool>("blocked");
-        QTest::addColumn<bool>("requested");
-        QTest::addColumn<bool>("failed");
         QTest::addColumn<QString>("offered");
         QTest::addColumn<QString>("message");
         const QString givenUp = QStringLiteral("Homing did not finish: the controller stopped part-way (status %1). "
                                                "Remove the cause; an alarm is cleared with the alarm reset.");
         const QByteArray home("0MP00");
-        QTest::newRow("reaches home") << home << Replies{"0RA0", "0RA1"} << false << true << false << ""
+        QTest::newRow("reaches home") << home << Replies{"0RA0", "0RA1"} << ""
                                       << "";
-        QTest::newRow("request blocked") << home << Replies{"0RA1"} << true << false << false << ""
-                                         << "";
-        QTest::newRow("status failure") << home << Replies{"0RA9"} << false << false << false << ""
+        QTest::newRow("status failure") << home << Replies{"0RA9"} << ""
                                         << "";
-        QTest::newRow("alarm") << home << Replies{"0RA0", "0RA3", "0RA3"} << false << false << false
-                               << "cmdSTOP 1" << givenUp.arg(3);
-        QTest::newRow("STOP input") << home << Replies{"0RA2", "0RA2"} << false << false << false
-                                    << "cmdSTOP 1" << givenUp.arg(2);
-        QTest::newRow("refused") << QByteArray("0%%0B3") << Replies{} << false << false << true << "cmdHOME 1"
+        QTest::newRow("alarm") << home << Replies{"0RA0", "0RA3", "0RA3"} << "cmdSTOP 1" << givenUp.arg(3);
+        QTest::newRow("STOP input") << home << Replies{"0RA2", "0RA2"} << "cmdSTOP 1" << givenUp.arg(2);
+        QTest::newRow("refused") << QByteArray("0%%0B3") << Replies{} << "cmdHOME 1"
                                  << "Communication error occurs!\r\nError No.0B3\r\n"
                                     "[Homing refused while an alarm is active.]";
     }
@@ -150,16 +143,12 @@ private slots:
     {
         QFETCH(QByteArray, reply);
         QFETCH(Replies, statuses);
-        QFETCH(bool, blocked);
         QFETCH(QString, offered);
         OpDataRig rig;
         rig.answer("0CM6", "0CM6");
         rig.answer("0MP00", reply.constData());
         for (const QByteArray& status : statuses)
             rig.answer("0RA", status.constData());
-        ProgramState::instance().gHomeFailed = true;
-        ProgramState::instance().gHomeRequestBlock = blocked;
-        ProgramState::instance().gHomeRequested = blocked;
         Homing homing(rig.ctx, rig.view);
         connect(&rig.link, &Link::lineReceived, &rig.link, [&] {
             if (rig.port.frames.size() == 2 + statuses.size())
@@ -169,8 +158,6 @@ private slots:
         homing.run();
 
         QCOMPARE(rig.frames(), QStringList({"0CM6", "0MP00"}) + QStringList(statuses.size(), "0RA"));
-        QTEST(ProgramState::instance().gHomeRequested, "requested");
-        QTEST(ProgramState::instance().gHomeFailed, "failed");
         QVERIFY(!ProgramState::instance().gCommBusy);
         QCOMPARE(rig.lock.calls, HomeLocked);
         QCOMPARE(rig.view.calls, QStringList({"cmdRESET 0", offered}).filter(QStringLiteral("cmd")));

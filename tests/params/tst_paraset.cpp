@@ -161,19 +161,19 @@ private slots:
     }
 
     // Taking an image in also records, program-wide, how the device dialog
-    // opens, whether an encoder is fitted and the size the set was made for.
+    // opens (types 0 and 1 offer the encoder box) and whether an encoder is fitted.
     void takingTheImageSetsTheSelectionState()
     {
         CtParaImage image;
         DecodeParaBlocks(Size28Replies(), image);
-        image[11] = 1;
         image[13] = 1;
-        image[MotorSizeEntry] = "20";
         ParaSet set;
-        TakeCtParaImage(image, set);
-        const ProgramState& g = ProgramState::instance();
-        QVERIFY(g.gDeviceDialogMode && g.gDeviceKnown && !g.gDeviceSetDone && g.gPgUse);
-        QCOMPARE(g.gActSizeDefault, "SP");
+        for (int type : {0, 1, 2}) {
+            image[11] = type;
+            TakeCtParaImage(image, set);
+            QCOMPARE(ProgramState::instance().gDeviceDialogMode, type != 2);
+        }
+        QVERIFY(ProgramState::instance().gPgUse);
     }
 
     void entryThatDoesNotFitLeavesTheSet_data()
@@ -490,7 +490,6 @@ private slots:
         QFETCH(QString, text);
         QFETCH(QString, shown);
         QCOMPARE(ParaLostFocus(*ParaBoxFromName(box), text), shown);
-        QCOMPARE(ProgramState::instance().gChkText, shown);
     }
 
     void currentFollowsTheSize_data()

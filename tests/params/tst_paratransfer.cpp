@@ -1,26 +1,15 @@
 #include "ParaFixtures.h"
 
-#include "common/ControlLock.h"
 #include "common/DataFiles.h"
 #include "common/MessageTable.h"
-#include "common/ProgramState.h"
 #include "device/DeviceList.h"
-#include "link/CommandSet.h"
-#include "link/ErrorList.h"
-#include "link/Link.h"
-#include "link/SequenceContext.h"
+#include "link/SequenceRig.h"
 #include "params/ParaData.h"
 #include "params/ParaFile.h"
 #include "params/ParaReadCommand.h"
 #include "params/ParaScreenTransfer.h"
 #include "params/ParaVerifyCommand.h"
 #include "params/ParaWriteCommand.h"
-
-#include "support/FakeSerialPort.h"
-#include "support/RecordingAlarmDisplay.h"
-#include "support/ScriptedFileChooser.h"
-#include "support/ScriptedPrompter.h"
-#include "support/TempSettings.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -43,36 +32,13 @@ QString Block1(const QString& size = "1C", const QString& code = "00")
     return Size28Digits()[1].replace(18, 2, size).replace(26, 2, code);
 }
 
-// The lock and progress calls of a sequence, in their order.
-class Recorder : public ControlLock, public ProgressDisplay {
-public:
-    void Menyu_Muko() override { calls << "Menyu_Muko"; }
-    void Menyu_Yuko() override { calls << "Menyu_Yuko"; }
-    void ParaCMDBTN_Muko() override { calls << "ParaCMDBTN_Muko"; }
-    void ParaCMDBTN_Yuko() override { calls << "ParaCMDBTN_Yuko"; }
-    void setTabsEnabled(bool on) override { calls << (on ? "tabs on" : "tabs off"); }
-    void Disp_ProgressBar(int maximum) override { calls << QStringLiteral("bar %1").arg(maximum); }
-    void setProgress(int value) override { calls << QStringLiteral("bar = %1").arg(m_value = value); }
-    int progress() const override { return m_value; }
-    void Hide_ProgressBar() override { calls << "bar hidden"; }
-    void showTransfer(const QString& text, int maximum) override { calls << QStringLiteral("window %1 %2").arg(text).arg(maximum); }
-    void setTransferProgress(int value) override { calls << QStringLiteral("window = %1").arg(value); }
-    void hideTransfer() override { calls << "window hidden"; }
-    QStringList calls;
-
-private:
-    int m_value = 0;
-};
-
 // A parameter page on a scripted controller: English, port-occupy off, the
 // device list of four sizes beside the "program", the page showing size 28.
-struct ParaRig {
+struct ParaRig : SequenceRig {
     ParaRig()
     {
-        ProgramState::reset();
-        ProgramState::instance().gMsgBase = 10000;
-        ProgramState::instance().gPortOccupy = false;
-        link.setPortNaming([](int n) { return QStringLiteral("port%1").arg(n); });
+        link.gTimeoutMs = 2000;
+        progress.recordInto(lock.calls);
         DataFiles::setProgramFolder(dir.path());
         WriteBytes(dir.filePath("nqmdevice.lst"), "4\r\n\"28\",1,2,3,4\r\n\"35\",1,2,3,4\r\n\"42\",1,2,3,4\r\n\"SP\",1,2,3,4\r\n");
         data.set = Size28Set();
@@ -97,17 +63,6 @@ struct ParaRig {
         port.answer("0WE", "0WE\r\n");
     }
 
-    TempSettings settings;
-    QTemporaryDir dir;
-    FakeSerialPort port;
-    ScriptedPrompter prompter;
-    RecordingAlarmDisplay alarms;
-    ErrorList errors;
-    Link link{port, prompter, alarms, errors};
-    CommandSet commands{link};
-    Recorder recorder;
-    ScriptedFileChooser files;
-    SequenceContext context{link, commands, prompter, recorder, recorder, files};
     DeviceList devices;
     ParaData data;
     ParaScreen screen;
@@ -132,7 +87,7 @@ private slots:
         QTest::addColumn<QString>("sizeTaken");
         QTest::newRow("size 28") << Block1() << 4 << QStringList() << "28";
         QTest::newRow("SP current too large to show") << Block1("14", "03") << 4 << QStringList{"The operating current in the controller is too large to be shown. The other parameters have been read."} << "20";
-        QTest::newRow("error reply to block 1") << "error" << 2 << QStringList{"Communication error occurs!\r\n[]"} << "";
+        QTest::newRow("error reply to block 1") << "error" << 2 << QStringList{UnknownText} << "";
         QTest::newRow("motor number beyond 16 bits") << Size28Digits()[1].replace(22, 4, "8000") << 3 << QStringList{"The controller holds a parameter value that this program cannot take in. The display is left as it was."} << "";
         QTest::newRow("no device list") << "" << 0 << QStringList{NoDeviceList, "Failed check of parameters."} << "";
     }
@@ -154,7 +109,7 @@ private slots:
             QFile::remove(rig.dir.filePath("nqmdevice.lst"));
         rig.answerReads(block1);
         ProgramState::instance().gCommBusy = true;
-        ParaReadCommand(rig.context, rig.data, rig.devices).cmdParaRead_Click(rig.screen);
+        ParaReadCommand(rig.ctx, rig.data, rig.devices).cmdParaRead_Click(rig.screen);
         QCOMPARE(rig.port.frames, (QList<QByteArray>{"0RD0", "0RD1", "0RD2", "0RD7"}.mid(0, frames)));
         QTEST(rig.prompter.texts(), "texts");
         QVERIFY(!ProgramState::instance().gCommBusy && !rig.port.isOpen());
@@ -165,7 +120,7 @@ private slots:
         QCOMPARE(rig.data.paraEdited, sizeTaken.isEmpty());
         if (sizeTaken == "28") {
             QCOMPARE(Fields(rig.data.set), Fields(Size28Set()));
-            QCOMPARE(rig.recorder.calls, Locked({"bar 4", "bar = 1", "bar = 2", "bar = 3", "bar hidden"}));
+            QCOMPARE(rig.lock.calls, Locked({"bar 4", "bar = 1", "bar = 2", "bar = 3", "bar hidden"}));
         }
         if (sizeTaken.isEmpty())
             QCOMPARE(Fields(rig.data.set), Fields(earlier));
@@ -181,6 +136,7 @@ private slots:
         QTest::addColumn<Prompter::Answer>("answer");
         QTest::addColumn<QStringList>("texts");
         QTest::addColumn<int>("frames");
+        ProgramState::instance().gMsgBase = MessageTable::EnglishBase;
         QTest::newRow("edited, empty box, Cancel") << true << true << Prompter::Answer::Cancel << QStringList{Question} << 0;
         QTest::newRow("edited, empty box, No") << true << true << Prompter::Answer::No << QStringList{Question} << 4;
         QTest::newRow("Yes: the save refuses, nothing is read") << true << true << Prompter::Answer::Yes
@@ -199,7 +155,7 @@ private slots:
         rig.data.paraEdited = edited;
         rig.prompter.script({answer});
         rig.answerReads(Block1(), "0000");
-        ParaReadCommand(rig.context, rig.data, rig.devices).GetParametaValue(rig.screen);
+        ParaReadCommand(rig.ctx, rig.data, rig.devices).GetParametaValue(rig.screen);
         QTEST(rig.prompter.texts(), "texts");
         if (!rig.prompter.shown.isEmpty())
             QCOMPARE(rig.prompter.shown[0].buttons, Prompter::Buttons::YesNoCancel);
@@ -235,7 +191,7 @@ private slots:
         rig.prompter.script({answer});
         rig.port.answer("0RA", status);
         rig.answerWrite();
-        ParaWriteCommand(rig.context, rig.data).cmdParaWrite_Click(rig.screen);
+        ParaWriteCommand(rig.ctx, rig.data).cmdParaWrite_Click(rig.screen);
         QCOMPARE(rig.prompter.texts(), QStringList{"Send parameters to controller?"} + (told.isNull() ? QStringList() : QStringList{told}));
         QCOMPARE(rig.prompter.shown[0].buttons, Prompter::Buttons::YesNo);
         const auto d = Size28Digits();
@@ -243,7 +199,7 @@ private slots:
         QCOMPARE(rig.port.frames, all.mid(0, frames));
         QCOMPARE(rig.data.paraEdited, frames < 5);
         if (frames == 5)
-            QCOMPARE(rig.recorder.calls, Locked({"window Sending Data to the controller... 7", "window = 0", "window = 1", "window = 2", "window = 3", "window = 4", "window hidden"}));
+            QCOMPARE(rig.lock.calls, Locked({"window Sending Data to the controller... 7", "window = 0", "window = 1", "window = 2", "window = 3", "window = 4", "window hidden"}));
     }
 
     void specialActuatorFailures_data()
@@ -266,7 +222,7 @@ private slots:
         rig.screen.txtDenryu = current;
         rig.answerWrite(Block1("14", "03"));
         rig.port.answer("0RD7", ReadReply(7, "0123456789AB" + block7 + QString(16, u'0')).toLatin1());
-        ParaWriteCommand(rig.context, rig.data).WriteParaWorker(rig.screen);
+        ParaWriteCommand(rig.ctx, rig.data).WriteParaWorker(rig.screen);
         QCOMPARE(rig.port.frames.last(), "0RD7");
         QFETCH(int, message);
         QCOMPARE(rig.prompter.texts().mid(1), (QStringList{Msg(message), "Fail to Write parameters."}));
@@ -277,13 +233,13 @@ private slots:
     {
         ParaRig rig;
         rig.screen.txtHomeOffset = "0";
-        ParaVerifyCommand(rig.context, rig.data).cmdConpareCT_Click(rig.screen);
+        ParaVerifyCommand(rig.ctx, rig.data).cmdConpareCT_Click(rig.screen);
         QCOMPARE(rig.prompter.texts(), QStringList{MsgLines({1524, 1525})});
         QVERIFY(rig.port.frames.isEmpty());
         rig.screen.txtHomeOffset = "30";
         rig.screen.txtPgAlarm = "999";
         rig.answerReads();
-        ParaVerifyCommand(rig.context, rig.data).cmdConpareCT_Click(rig.screen);
+        ParaVerifyCommand(rig.ctx, rig.data).cmdConpareCT_Click(rig.screen);
         QCOMPARE(rig.port.frames, (QList<QByteArray>{"0RD0", "0RD1", "0RD2"}));
         QCOMPARE(rig.prompter.lastText(), "Result of Verify - NG\r\n<PG Parameter> :ALM,\r\n");
     }
@@ -309,7 +265,7 @@ private slots:
         if (!content.isEmpty())
             WriteBytes(path, content);
         rig.files.setNextFileName(path);
-        ParaVerifyCommand(rig.context, rig.data).cmdConpareFile_Click(rig.screen);
+        ParaVerifyCommand(rig.ctx, rig.data).cmdConpareFile_Click(rig.screen);
         QTEST(rig.prompter.texts(), "texts");
         QCOMPARE(rig.files.requests[0].title, "Open Parameter file");
         QVERIFY(rig.port.frames.isEmpty());

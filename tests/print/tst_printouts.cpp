@@ -161,7 +161,7 @@ private slots:
     {
         RecordedPage page;
         const int pitch = metricsOf(page).gLinePitch;
-        ParaPrintout(paraList(), PrintedAt).render(page);
+        ParaPrintout(paraList(), false, PrintedAt).render(page);
         QCOMPARE(page.sheet(pitch), (QStringList{"1 QM-KTR  Parameters|", "4 << HOMING PARAMETER >>|", "5  1.OFFSET:|65535", "6  2.VEL:|30", "7  3.OFSVEL:|5", "9 << AXIS PARAMETER >>|", "10  1.PULSE:|1000", "11  2.AUTO DRIVE:|2", "12  3.MOTOR:|SP", "14 << PG PARAMETER >>|", "15  1.FUNCTION:|1. With Encorder", "16  2.ALM:|500", "18 << Etc PARAMETER >>|", "19  1. HOME OUT:|3. OUT1,2-ON", "20  2. IN-P WID:|10", "22 << SP Parameter >>|", "23  1. PG TIMER:|20", "24  2. AUTO HOME:|0. Disable", "25  3. LS TIMER:|255", "26  4. EMG LOGIC:|Logic B(0)", "27  5. ALM1 CLEAR:|1. Enable"}));
     }
 
@@ -186,7 +186,7 @@ private slots:
     {
         RecordedPage page;
         const int pitch = metricsOf(page).gLinePitch;
-        ParaPrintout(paraList(), PrintedAt).render(page);
+        ParaPrintout(paraList(), false, PrintedAt).render(page);
         QCOMPARE(page.lines.size(), 2);
         for (int i = 0; i < 2; ++i) {
             QCOMPARE(page.lines[i].x1(), 10.0);

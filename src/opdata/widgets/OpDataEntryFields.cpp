@@ -128,7 +128,7 @@ void OpDataEntryFields::txtGEAR_Change()
 {
     apply(m_page.txtGEAR,
           GearEntry::textChanged(m_page.txtGEAR->text(), m_page.comboVEL->currentText(),
-                                 m_state.mEventsOff, ProgramState::instance().gSuppressVelCalc));
+                                 m_state.mEventsOff, m_state.mSuppressVelCalc));
 }
 
 void OpDataEntryFields::txtTimer_Change()

@@ -232,3 +232,31 @@ QGroupBox* OpDataPage::buildDataFrame()
     g->addWidget(cmdDataPrint, 1, 2);
     return framData;
 }
+
+LockList OpDataPage::dataCommandLocks() const
+{
+    return {{cmdFileOpen}, {cmdSaveFile}, {cmdLoadtoCt}, {cmdGetfromCt}, {cmdDataPrint}, {cmdFilePrint}};
+}
+
+LockList OpDataPage::commandLocks() const
+{
+    return dataCommandLocks()
+        + LockList{{Frame2}, {cmdMOVE}, {cmdSTOP}, {cmdHOME}, {Frame1}, {cmdIoMonitor}, {Frame4}, {cmdRESET}};
+}
+
+LockList OpDataPage::homeLocks() const
+{
+    return dataCommandLocks()
+        + LockList{{Frame2}, {cmdIoMonitor}, {Frame4}, {cmdRESET}, {cmdMOVE}, {cmdSTOP}, {optSTEP}, {optCNT}, {chkTimerUse}};
+}
+
+LockList OpDataPage::moveLocks() const
+{
+    const LockList dwell = {{optSTEP},
+                            {optCNT},
+                            {cmdMOVE},
+                            {chkTimerUse, [this] { return optCNT->isChecked(); }},
+                            {txtTimer, [this] { return chkTimerUse->isChecked(); }},
+                            {cmdHOME}};
+    return dwell + dataCommandLocks() + LockList{{Frame2}, {cmdIoMonitor}, {Frame4}, {cmdRESET}};
+}

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/LockList.h"
+
 #include <QWidget>
 
 class Lamp;
@@ -23,6 +25,14 @@ class OpDataPage : public QWidget {
     Q_OBJECT
 public:
     explicit OpDataPage(QWidget* parent = nullptr);
+
+    // What the tab's enable/disable routines switch, each in its order:
+    // CMDBTN, HOMEBTN and MoveCMDBTN. Unlocking after a move brings the
+    // dwell box back only in continuous mode and its time only while the
+    // box is ticked.
+    LockList commandLocks() const;
+    LockList homeLocks() const;
+    LockList moveLocks() const;
 
     // Operation data (Frame2).
     QGroupBox* Frame2;
@@ -77,4 +87,5 @@ private:
     QGroupBox* buildIoFrame();
     QGroupBox* buildDataFrame();
     QWidget* lampWithLabel(Lamp*& lamp, const char* name, int caption, bool output);
+    LockList dataCommandLocks() const;
 };

@@ -1,6 +1,5 @@
 #include "opdata/widgets/OpDataPageController.h"
 
-#include "common/ProgramState.h"
 #include "link/SequenceContext.h"
 #include "opdata/IoMonitor.h"
 #include "opdata/MoveRun.h"
@@ -10,10 +9,8 @@
 #include "opdata/widgets/OpDataEntryFields.h"
 #include "opdata/widgets/OpDataPage.h"
 #include "params/ActuatorSize.h"
-#include "params/widgets/ParaPage.h"
 #include "print/widgets/PrinterOutput.h"
 #include "shell/widgets/Lamp.h"
-#include "shell/widgets/MainWindow.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -34,16 +31,16 @@ void selectText(QComboBox* list, const QString& text)
 
 } // namespace
 
-OpDataPageController::OpDataPageController(MainWindow& window)
-    : QObject(&window)
+OpDataPageController::OpDataPageController(OpDataPage& page, SequenceContext& ctx, QWidget* window)
+    : QObject(window)
     , m_window(window)
-    , m_page(*window.opData)
-    , m_homing(window.context(), *this)
-    , m_moveRun(new MoveRun(window.context(), m_moveState, *this, this))
-    , m_monitor(new IoMonitor(window.context(), *this, this))
-    , m_print([&window](Printout& printout) {
-        SequenceContext& ctx = window.context();
-        return PrinterOutput(ctx.files, ctx.prompter, &window).print(printout);
+    , m_page(page)
+    , m_ctx(ctx)
+    , m_homing(ctx, *this)
+    , m_moveRun(new MoveRun(ctx, m_moveState, *this, this))
+    , m_monitor(new IoMonitor(ctx, *this, this))
+    , m_print([&ctx, window](Printout& printout) {
+        return PrinterOutput(ctx.files, ctx.prompter, window).print(printout);
     })
 {
     setObjectName(QStringLiteral("OpDataPageController"));
@@ -51,8 +48,6 @@ OpDataPageController::OpDataPageController(MainWindow& window)
     connectButtons();
     connectMoveMode();
     connect(&m_page, &OpDataPage::outputLampClicked, this, &OpDataPageController::outputLampClicked);
-    connect(window.para->comboActSize, &QComboBox::currentTextChanged, this,
-            &OpDataPageController::actuatorSizeChanged);
 }
 
 void OpDataPageController::connectButtons()
@@ -86,11 +81,6 @@ void OpDataPageController::moveModeChanged()
     m_page.txtTimer->setEnabled(continuous && m_page.chkTimerUse->isChecked());
 }
 
-SequenceContext& OpDataPageController::context()
-{
-    return m_window.context();
-}
-
 OpDataScreen OpDataPageController::screen() const
 {
     OpDataScreen s;
@@ -116,7 +106,7 @@ void OpDataPageController::showScreen(const OpDataScreen& s)
     m_page.txtACC->setText(s.txtACC);
     m_page.txtDIVISION->setText(s.txtDIVISION);
     {
-        const QScopedValueRollback suppress(ProgramState::instance().gSuppressVelCalc, true);
+        const QScopedValueRollback suppress(m_state.mSuppressVelCalc, true);
         m_page.txtGEAR->setText(s.txtGEAR);
     }
     (s.optCW ? m_page.optCW : m_page.optCCW)->setChecked(true);
@@ -190,12 +180,12 @@ void OpDataPageController::cmdLoadtoCt_Click()
 
 void OpDataPageController::cmdDataPrint_Click()
 {
-    OpDataPrintCommand(context(), *this, m_state, &m_window, m_print).run(false);
+    OpDataPrintCommand(context(), *this, m_state, m_window, m_print).run(false);
 }
 
 void OpDataPageController::cmdFilePrint_Click()
 {
-    OpDataPrintCommand(context(), *this, m_state, &m_window, m_print).run(true);
+    OpDataPrintCommand(context(), *this, m_state, m_window, m_print).run(true);
 }
 
 void OpDataPageController::cmdHOME_Click()

@@ -11,7 +11,6 @@
 
 class IoMonitor;
 class Lamp;
-class MainWindow;
 class MoveRun;
 class OpDataPage;
 struct SequenceContext;
@@ -25,7 +24,9 @@ struct SequenceContext;
 class OpDataPageController : public QObject, public OpDataView, public IoMonitorView {
     Q_OBJECT
 public:
-    explicit OpDataPageController(MainWindow& window);
+    // window: the main window, parent of this controller and of the
+    // dialogs the tab opens.
+    OpDataPageController(OpDataPage& page, SequenceContext& ctx, QWidget* window);
 
     // Where the printouts go: the system print dialog, unless a test sends
     // them elsewhere.
@@ -55,17 +56,19 @@ public:
     void cmdMOVE_Click();
     void cmdSTOP_Click();
     void cmdIoMonitor_Click();
+    // The actuator size chosen on the parameter tab.
+    void actuatorSizeChanged(const QString& size);
 
 private:
     void connectButtons();
     void connectMoveMode();
     void moveModeChanged();
     void outputLampClicked(Lamp* lamp);
-    void actuatorSizeChanged(const QString& size);
-    SequenceContext& context();
+    SequenceContext& context() { return m_ctx; }
 
-    MainWindow& m_window;
+    QWidget* m_window;
     OpDataPage& m_page;
+    SequenceContext& m_ctx;
     OpDataState m_state;
     MoveTestState m_moveState;
     Homing m_homing;

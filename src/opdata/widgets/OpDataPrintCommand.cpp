@@ -1,6 +1,5 @@
 #include "opdata/widgets/OpDataPrintCommand.h"
 
-#include "common/ProgramState.h"
 #include "link/SequenceContext.h"
 #include "opdata/OpDataState.h"
 #include "opdata/OpDataTorikomi.h"
@@ -21,8 +20,7 @@ OpDataPrintCommand::OpDataPrintCommand(SequenceContext& ctx, OpDataView& view, O
 
 void OpDataPrintCommand::run(bool fileOnly)
 {
-    ProgramState::instance().gPrintFileOnly = fileOnly;
-    PrintSelectDialog dialog(m_ctx.files, m_ctx.prompter, m_mainWindow);
+    PrintSelectDialog dialog(m_ctx.files, m_ctx.prompter, m_mainWindow, fileOnly);
     dialog.exec();
     if (dialog.Cancelled)
         return;

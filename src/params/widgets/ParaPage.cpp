@@ -215,3 +215,8 @@ QGroupBox* ParaPage::buildSpecialGroup()
         w->setEnabled(false);
     return framSpecial;
 }
+
+LockList ParaPage::commandLocks() const
+{
+    return {{cmdReadParaFile}, {cmdSaveParaFile}, {cmdConpareFile}, {cmdParaFilePrint}, {cmdParaPrint}, {cmdIniPrm}, {cmdParaRead}, {cmdParaWrite}, {cmdConpareCT}};
+}

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/LockList.h"
+
 #include <QWidget>
 
 class QCheckBox;
@@ -24,6 +26,10 @@ class ParaPage : public QWidget {
     Q_OBJECT
 public:
     explicit ParaPage(QWidget* parent = nullptr);
+
+    // The nine command buttons of the FILE and CONTROLLER tabs, as
+    // ParaCMDBTN_Muko/Yuko switch them.
+    LockList commandLocks() const;
 
     QTabWidget* SSTabPrm;
     // FILE tab.

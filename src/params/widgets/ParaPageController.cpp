@@ -4,7 +4,6 @@
 #include "device/widgets/DeviceDialog.h"
 #include "device/widgets/SizeListCombo.h"
 #include "link/SequenceContext.h"
-#include "opdata/widgets/OpDataPage.h"
 #include "params/ParaFileCommands.h"
 #include "params/ParaReadCommand.h"
 #include "params/ParaVerifyCommand.h"
@@ -14,7 +13,6 @@
 #include "params/widgets/ParaEntryRules.h"
 #include "params/widgets/ParaPage.h"
 #include "print/widgets/PrinterOutput.h"
-#include "shell/widgets/MainWindow.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -22,18 +20,18 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-ParaPageController::ParaPageController(MainWindow& window)
-    : QObject(&window)
+ParaPageController::ParaPageController(ParaPage& page, QLineEdit& current, SequenceContext& ctx,
+                                       QWidget* window)
+    : QObject(window)
     , m_window(window)
-    , m_page(*window.para)
-    , m_view(*window.para, *window.opData->txtDenryu)
-    , m_print([&window](Printout& printout) {
-        SequenceContext& ctx = window.context();
-        return PrinterOutput(ctx.files, ctx.prompter, &window).print(printout);
+    , m_page(page)
+    , m_ctx(ctx)
+    , m_view(page, current)
+    , m_print([&ctx, window](Printout& printout) {
+        return PrinterOutput(ctx.files, ctx.prompter, window).print(printout);
     })
 {
     setObjectName(QStringLiteral("ParaPageController"));
-    window.hooks.loadDeviceList = [this] { LoadDeviceListAtStart(); };
     auto* rules = new ParaEntryRules(this);
     for (QLineEdit* box : m_page.findChildren<QLineEdit*>())
         rules->watch(box);
@@ -68,11 +66,6 @@ void ParaPageController::watchEdits()
         connect(list, &QComboBox::activated, this, &ParaPageController::markEdited);
     for (QRadioButton* option : m_page.findChildren<QRadioButton*>())
         connect(option, &QRadioButton::clicked, this, &ParaPageController::markEdited);
-}
-
-SequenceContext& ParaPageController::context()
-{
-    return m_window.context();
 }
 
 ParaPrintCommands ParaPageController::printCommands()
@@ -134,7 +127,7 @@ void ParaPageController::cmdIniPrm_Click()
 {
     onScreen([this](ParaScreen& s) {
         SequenceContext& ctx = context();
-        DeviceDialog dialog(m_devices, ctx.prompter, m_page.comboActSize, &m_window);
+        DeviceDialog dialog(m_devices, ctx.prompter, m_page.comboActSize, m_window);
         StandardPara(ctx.lock, ctx.prompter, dialog).cmdIniPrm_Click(m_data, s);
     });
 }

@@ -9,8 +9,9 @@
 
 #include <functional>
 
-class MainWindow;
 class ParaPage;
+class QLineEdit;
+class QWidget;
 struct SequenceContext;
 
 // The behaviour of the parameter tab: the entry rules of its boxes, the
@@ -21,7 +22,10 @@ struct SequenceContext;
 class ParaPageController : public QObject {
     Q_OBJECT
 public:
-    explicit ParaPageController(MainWindow& window);
+    // current: the drive current box of the operation data tab, which the
+    // parameters show and take. window: the main window, parent of this
+    // controller and of the dialogs the tab opens.
+    ParaPageController(ParaPage& page, QLineEdit& current, SequenceContext& ctx, QWidget* window);
 
     const ParaData& data() const { return m_data; }
     // Where the page's printouts go: the system print dialog, unless a test
@@ -45,13 +49,14 @@ private:
     void connectButtons();
     void watchEdits();
     void markEdited() { m_data.paraEdited = true; }
-    SequenceContext& context();
+    SequenceContext& context() { return m_ctx; }
     ParaPrintCommands printCommands();
     // Capture the screen, run the step, show the screen.
     void onScreen(const std::function<void(ParaScreen&)>& step);
 
-    MainWindow& m_window;
+    QWidget* m_window;
     ParaPage& m_page;
+    SequenceContext& m_ctx;
     ParaScreenView m_view;
     ParaData m_data;
     DeviceList m_devices;

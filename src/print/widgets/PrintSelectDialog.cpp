@@ -2,7 +2,6 @@
 
 #include "common/FileChooser.h"
 #include "common/MessageTable.h"
-#include "common/ProgramState.h"
 #include "link/Prompter.h"
 #include "shell/Twips.h"
 #include "shell/widgets/CaptionLoader.h"
@@ -65,7 +64,8 @@ W* control(QWidget* parent, const char* name, int captionMsg)
 
 } // namespace
 
-PrintSelectDialog::PrintSelectDialog(FileChooser& chooser, Prompter& prompter, QWidget* mainWindow)
+PrintSelectDialog::PrintSelectDialog(FileChooser& chooser, Prompter& prompter, QWidget* mainWindow,
+                                     bool fileOnly)
     : QDialog(mainWindow)
     , m_chooser(chooser)
     , m_prompter(prompter)
@@ -79,7 +79,7 @@ PrintSelectDialog::PrintSelectDialog(FileChooser& chooser, Prompter& prompter, Q
     buildParameterRow();
     buildButtons();
     setFixedSize(Twips::toPixels(5520), Twips::toPixels(2880));
-    Form_Load(mainWindow);
+    Form_Load(mainWindow, fileOnly);
 }
 
 void PrintSelectDialog::buildPositionRow()
@@ -127,7 +127,7 @@ void PrintSelectDialog::buildButtons()
     connect(cmdPrintCancel, &QPushButton::clicked, this, &PrintSelectDialog::reject);
 }
 
-void PrintSelectDialog::Form_Load(QWidget* mainWindow)
+void PrintSelectDialog::Form_Load(QWidget* mainWindow, bool fileOnly)
 {
     if (mainWindow) {
         const int offset = Twips::toPixels(OffsetTwips);
@@ -136,7 +136,7 @@ void PrintSelectDialog::Form_Load(QWidget* mainWindow)
     Cancelled = false;
     PosiFileName.clear();
     ParaFileName.clear();
-    if (ProgramState::instance().gPrintFileOnly)
+    if (fileOnly)
         moveFileRowUp();
     lblPrintPosiName->setEnabled(true);
     cmdSelectPosiFile->setEnabled(true);

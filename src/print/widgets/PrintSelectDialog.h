@@ -10,13 +10,14 @@ class QPushButton;
 class QRadioButton;
 
 // frmPrintSelect: asks which operation data to print, the data in the grid
-// or a saved file picked with Browse. The opener sets gPrintFileOnly, shows
-// the dialog modally and then reads the public results. The parameter-file
+// or a saved file picked with Browse. The opener says whether only a file
+// can be printed, shows the dialog modally and then reads the public results. The parameter-file
 // row is kept in the form but never shown: nothing reads its choice.
 class PrintSelectDialog : public QDialog {
     Q_OBJECT
 public:
-    PrintSelectDialog(FileChooser& chooser, Prompter& prompter, QWidget* mainWindow);
+    PrintSelectDialog(FileChooser& chooser, Prompter& prompter, QWidget* mainWindow,
+                      bool fileOnly);
 
     // Results, read after the dialog has closed.
     bool Cancelled = false;
@@ -53,7 +54,7 @@ private:
     void buildPositionRow();
     void buildParameterRow();
     void buildButtons();
-    void Form_Load(QWidget* mainWindow);
+    void Form_Load(QWidget* mainWindow, bool fileOnly);
     void moveFileRowUp();
     bool fileChoiceValid() const;
 

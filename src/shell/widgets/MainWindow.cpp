@@ -50,7 +50,6 @@ MainWindow::MainWindow(const StartupOptions& target, QWidget* parent)
     : QMainWindow(parent)
     , m_prompter(this)
     , m_files(this)
-    , m_lock(this)
     , m_linkTarget(target)
 {
     setObjectName(QStringLiteral("frmMain"));
@@ -64,6 +63,7 @@ MainWindow::MainWindow(const StartupOptions& target, QWidget* parent)
     para = new ParaPage(SSTab1);
     SSTab1->addTab(opData, QString());
     SSTab1->addTab(para, QString());
+    composeLock();
 
     auto* central = new QWidget(this);
     auto* v = new QVBoxLayout(central);
@@ -77,8 +77,7 @@ MainWindow::MainWindow(const StartupOptions& target, QWidget* parent)
     m_session = new ControllerSession(*this, target);
     connectMenus();
     new ControllerActions(*this, *m_session);
-    new ParaPageController(*this);
-    new OpDataPageController(*this);
+    composePages();
     // Room for both pages without scrolling, never more than the screen.
     QSize size(qMax(1000, sizeHint().width()), sizeHint().height());
     if (const QScreen* s = screen())
@@ -96,6 +95,28 @@ ProgressDisplay& MainWindow::progress()
 SequenceContext& MainWindow::context()
 {
     return m_session->context();
+}
+
+// The pages meet only here: the parameters show and take the operation data
+// tab's current, and that current follows the parameter tab's actuator size.
+void MainWindow::composePages()
+{
+    SequenceContext& ctx = context();
+    auto* paraController = new ParaPageController(*para, *opData->txtDenryu, ctx, this);
+    hooks.loadDeviceList = [paraController] { paraController->LoadDeviceListAtStart(); };
+    auto* opDataController = new OpDataPageController(*opData, ctx, this);
+    connect(para->comboActSize, &QComboBox::currentTextChanged, opDataController,
+            &OpDataPageController::actuatorSizeChanged);
+}
+
+// The version item is left out of the menus a command disables, yet comes
+// back with them: it is enabled again after any command.
+void MainWindow::composeLock()
+{
+    const LockList files = {{mnuFileOpen}, {mnuFileGetfromCt}, {mnuFileSave}, {mnuFileSaveAs}, {mnuFileLoadtoCt}, {mnuFilePrint}};
+    const LockList rest = {{mnuModeChange->menuAction()}, {mnuView->menuAction()}, {mnuCont->menuAction()}};
+    m_lock.compose({opData->commandLocks(), opData->homeLocks(), opData->moveLocks(), para->commandLocks(),
+                    files + rest, files + LockList{{mnuShowCtversion}} + rest, SSTab1});
 }
 
 QMenu* MainWindow::menu(const char* name, int caption)

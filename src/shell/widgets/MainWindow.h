@@ -82,24 +82,11 @@ public:
     bool mParaDispRefresh = false;
     bool mPosiDispRefresh = false;
 
-    QMenu* mnuFile;
+    // What the controller actions, the screenshots and tests reach.
     QAction* mnuFileOpen;
-    QAction* mnuFileSave;
-    QAction* mnuFileSaveAs;
-    QAction* mnuFileGetfromCt;
-    QAction* mnuFileLoadtoCt;
-    QAction* mnuFilePrint;
     QAction* mnuFileExit;
-    QMenu* mnuView;
-    QAction* mnuViewMoveEdit;
-    QAction* mnuViewPara;
-    QMenu* mnuCont;
     QAction* mnuShowCtversion;
-    QMenu* mnuModeChange;
     QAction* mnuOption;
-    QMenu* mnuHelp;
-    QAction* mnuHelpContents;
-    QAction* mnuHelpAbout;
 
     QTabWidget* SSTab1;
     OpDataPage* opData;
@@ -115,12 +102,29 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    QMenu* mnuFile;
+    QAction* mnuFileSave;
+    QAction* mnuFileSaveAs;
+    QAction* mnuFileGetfromCt;
+    QAction* mnuFileLoadtoCt;
+    QAction* mnuFilePrint;
+    QMenu* mnuView;
+    QAction* mnuViewMoveEdit;
+    QAction* mnuViewPara;
+    QMenu* mnuCont;
+    QMenu* mnuModeChange;
+    QMenu* mnuHelp;
+    QAction* mnuHelpContents;
+    QAction* mnuHelpAbout;
+
     void buildMenus();
     QAction* menuItem(QMenu* menu, const char* name, int caption);
     QMenu* menu(const char* name, int caption);
     QWidget* buildAlarmRow();
     void buildStatusBar();
     void connectMenus();
+    void composeLock();
+    void composePages();
 
     void placeFromSettings();
     void fillChoiceLists();

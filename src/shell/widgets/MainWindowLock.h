@@ -1,55 +1,47 @@
 #pragma once
 
 #include "common/ControlLock.h"
+#include "common/LockList.h"
 
-#include <QList>
 #include <QPointer>
-#include <QStringList>
 
-class QObject;
-class QWidget;
+class QTabWidget;
 
-// The enable/disable routines of the main window: each touches a fixed list
-// of controls, by name, in a fixed order. The menu disable list leaves out
-// mnuShowCtversion while the enable list has it, so the version item comes
-// back enabled after any sequence.
-//
-// ParaCMDBTN_Muko/Yuko act on the nine command buttons of the parameter
-// tab: the FILE tab's six and the CONTROLLER tab's three.
+// What each enable/disable routine switches, as the pages and the window's
+// menus declare it.
+struct LockSets {
+    LockList commands; // CMDBTN
+    LockList home;     // HOMEBTN
+    LockList move;     // MoveCMDBTN
+    LockList para;     // ParaCMDBTN
+    LockList menusOff; // Menyu_Muko
+    LockList menusOn;  // Menyu_Yuko
+    QPointer<QTabWidget> tabs;
+};
+
+// The enable/disable routines of the main window: each switches its list in
+// the list's order. The window composes the lists once its pages exist.
 class MainWindowLock : public ControlLock {
 public:
-    // form: the window holding the named controls (menus are found through
-    // their QMenu or their QAction).
-    explicit MainWindowLock(QWidget* form);
+    void compose(LockSets sets) { m_sets = std::move(sets); }
 
-    void CMDBTN_Muko() override;
-    void CMDBTN_Yuko() override;
+    void CMDBTN_Muko() override { disable(m_sets.commands); }
+    void CMDBTN_Yuko() override { enable(m_sets.commands); }
     void Menyu_Muko() override;
     void Menyu_Yuko() override;
-    void HOMEBTN_Muko() override;
-    void HOMEBTN_Yuko() override;
-    void MoveCMDBTN_Muko() override;
-    void MoveCMDBTN_Yuko() override;
-    void ParaCMDBTN_Muko() override;
-    void ParaCMDBTN_Yuko() override;
+    void HOMEBTN_Muko() override { disable(m_sets.home); }
+    void HOMEBTN_Yuko() override { enable(m_sets.home); }
+    void MoveCMDBTN_Muko() override { disable(m_sets.move); }
+    void MoveCMDBTN_Yuko() override { enable(m_sets.move); }
+    void ParaCMDBTN_Muko() override { disable(m_sets.para); }
+    void ParaCMDBTN_Yuko() override { enable(m_sets.para); }
     void setTabsEnabled(bool on) override;
     bool held() const override { return m_held; }
 
-    static const QStringList& commandButtons();
-    static const QStringList& menusToDisable();
-    static const QStringList& menusToEnable();
-    static const QStringList& homeButtons();
-    static const QStringList& moveButtons();
-    static const QStringList& paraButtons();
-
-    // Names of the lists that the form does not have (empty when complete).
-    QStringList missingControls() const;
-
 private:
-    void setEnabled(const QStringList& names, bool on);
-    QObject* control(const QString& name) const;
-    bool isChecked(const QString& name) const;
+    static void disable(const LockList& list);
+    static void enable(const LockList& list);
 
-    QPointer<QWidget> m_form;
+    LockSets m_sets;
     bool m_held = false;
 };

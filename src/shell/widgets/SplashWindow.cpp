@@ -1,7 +1,6 @@
 #include "shell/widgets/SplashWindow.h"
 
 #include "common/MessageTable.h"
-#include "common/ProgramState.h"
 #include "common/Waiter.h"
 #include "shell/VersionText.h"
 #include "shell/widgets/AppIcon.h"
@@ -94,7 +93,7 @@ void SplashWindow::startTimer()
 
 void SplashWindow::timerSplash_Timer()
 {
-    ProgramState::instance().gSplashDone = true;
+    m_done = true;
     timerSplash->stop();
     Waiter::wake();
 }

@@ -6,7 +6,7 @@ class QLabel;
 class QTimer;
 
 // The window shown while the program starts (frmSplash). Its timer, once
-// enabled, sets gSplashDone after two seconds; start-up waits for that.
+// enabled, marks the splash done after two seconds; start-up waits for that.
 // The language is not decided yet when it shows, so its texts are given in
 // both languages.
 class SplashWindow : public QWidget {
@@ -17,6 +17,7 @@ public:
     void Form_Load();
     // Enables timerSplash.
     void startTimer();
+    bool done() const { return m_done; }
 
     QLabel* lblProduct;
     QLabel* lblSubtitle;
@@ -26,4 +27,6 @@ public:
 
 private:
     void timerSplash_Timer();
+
+    bool m_done = false;
 };
