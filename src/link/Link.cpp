@@ -2,16 +2,16 @@
 
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
+#include "common/SerialPort.h"
+#include "common/Settings.h"
 #include "common/Waiter.h"
 #include "link/AlarmDisplay.h"
 #include "link/ErrorList.h"
 #include "link/LinkLog.h"
 #include "link/PortNaming.h"
 #include "link/Prompter.h"
-#include "link/SerialPort.h"
 #include "link/StaleInput.h"
 #include "link/TransactionMessages.h"
-#include "shell/Settings.h"
 
 #include <QTimer>
 

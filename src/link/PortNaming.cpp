@@ -1,6 +1,6 @@
 #include "link/PortNaming.h"
 
-#include "shell/Settings.h"
+#include "common/Settings.h"
 
 #include <QSerialPortInfo>
 

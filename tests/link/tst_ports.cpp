@@ -1,8 +1,8 @@
 #include "LinkRig.h"
 
+#include "common/Settings.h"
 #include "link/LineSettings.h"
 #include "link/PortNaming.h"
-#include "shell/Settings.h"
 
 #include <QTest>
 

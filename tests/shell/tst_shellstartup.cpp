@@ -1,9 +1,9 @@
+#include "common/LanguageStartup.h"
 #include "common/ProgramState.h"
-#include "shell/LanguageStartup.h"
-#include "shell/Settings.h"
+#include "common/Settings.h"
+#include "common/StartupSettings.h"
+#include "common/VersionText.h"
 #include "shell/StartupOptions.h"
-#include "shell/StartupSettings.h"
-#include "shell/VersionText.h"
 #include "support/TempSettings.h"
 
 #include <QLocale>

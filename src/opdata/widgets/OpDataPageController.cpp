@@ -1,6 +1,7 @@
 #include "opdata/widgets/OpDataPageController.h"
 
 #include "common/ProgramState.h"
+#include "common/widgets/Lamp.h"
 #include "link/SequenceContext.h"
 #include "opdata/IoMonitor.h"
 #include "opdata/MoveRun.h"
@@ -12,7 +13,6 @@
 #include "params/ActuatorSize.h"
 #include "params/widgets/ParaPage.h"
 #include "print/widgets/PrinterOutput.h"
-#include "shell/widgets/Lamp.h"
 #include "shell/widgets/MainWindow.h"
 
 #include <QCheckBox>

@@ -1,9 +1,9 @@
 #include "shell/widgets/ControllerScreenshots.h"
 
 #include "common/Waiter.h"
+#include "common/widgets/Lamp.h"
 #include "opdata/widgets/OpDataPage.h"
 #include "shell/widgets/ControllerSession.h"
-#include "shell/widgets/Lamp.h"
 #include "shell/widgets/MainWindow.h"
 #include "shell/widgets/OptionsDialog.h"
 #include "sim/SimController.h"

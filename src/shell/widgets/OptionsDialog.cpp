@@ -3,12 +3,12 @@
 #include "common/MessageTable.h"
 #include "common/NumberText.h"
 #include "common/ProgramState.h"
+#include "common/Settings.h"
+#include "common/widgets/CaptionLoader.h"
+#include "common/widgets/Twips.h"
 #include "link/Link.h"
 #include "link/PortNaming.h"
 #include "link/Prompter.h"
-#include "shell/Settings.h"
-#include "shell/Twips.h"
-#include "shell/widgets/CaptionLoader.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -2,11 +2,11 @@
 
 #include "common/MessageTable.h"
 #include "common/Waiter.h"
-#include "opdata/widgets/OpDataScreenshots.h"
 #include "shell/widgets/AboutDialog.h"
 #include "shell/widgets/ControllerScreenshots.h"
 #include "shell/widgets/MainWindow.h"
 #include "shell/widgets/MainWindowProgress.h"
+#include "shell/widgets/OpDataScreenshots.h"
 #include "shell/widgets/SplashWindow.h"
 #include "shell/widgets/TransferWindow.h"
 

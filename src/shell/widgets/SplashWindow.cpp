@@ -2,8 +2,8 @@
 
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
+#include "common/VersionText.h"
 #include "common/Waiter.h"
-#include "shell/VersionText.h"
 #include "shell/widgets/AppIcon.h"
 
 #include <QFrame>

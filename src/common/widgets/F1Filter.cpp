@@ -1,6 +1,6 @@
-#include "shell/widgets/F1Filter.h"
+#include "common/widgets/F1Filter.h"
 
-#include "shell/Settings.h"
+#include "common/Settings.h"
 
 #include <QKeyEvent>
 

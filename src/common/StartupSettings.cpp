@@ -1,7 +1,7 @@
-#include "shell/StartupSettings.h"
+#include "common/StartupSettings.h"
 
 #include "common/ProgramState.h"
-#include "shell/Settings.h"
+#include "common/Settings.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
-#include "opdata/widgets/OpDataScreenshots.h"
+#include "shell/widgets/OpDataScreenshots.h"
 
 #include "common/Waiter.h"
+#include "common/widgets/Lamp.h"
 #include "opdata/IoMonitor.h"
 #include "opdata/MoveRun.h"
 #include "opdata/widgets/OpDataPage.h"
 #include "opdata/widgets/OpDataPageController.h"
 #include "shell/widgets/ControllerSession.h"
-#include "shell/widgets/Lamp.h"
 #include "shell/widgets/MainWindow.h"
 #include "sim/SimController.h"
 

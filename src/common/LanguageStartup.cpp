@@ -1,8 +1,8 @@
-#include "shell/LanguageStartup.h"
+#include "common/LanguageStartup.h"
 
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
-#include "shell/Settings.h"
+#include "common/Settings.h"
 
 #include <QLocale>
 
