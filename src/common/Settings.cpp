@@ -18,7 +18,7 @@ QSettings::Format storeFormat()
     return QSettings::IniFormat;
 }
 
-QSettings store()
+QSettings openStore()
 {
     if (!g_location.isEmpty())
         return QSettings(g_location + QStringLiteral("/KTR-W5.ini"), QSettings::IniFormat);
@@ -26,47 +26,57 @@ QSettings store()
                      QStringLiteral("KTR-W5"), QStringLiteral("KTR-W5"));
 }
 
-QString key(const QString& name)
+QString key(const char* name)
 {
-    return Settings::section() + u'/' + name;
+    return Settings::section() + u'/' + QLatin1StringView(name);
 }
 
 } // namespace
 
-QString Settings::readText(const QString& name, const QString& defaultValue)
+QString Settings::textOf(const char* name, const QString& defaultValue)
 {
-    return store().value(key(name), defaultValue).toString();
+    return openStore().value(key(name), defaultValue).toString();
+}
+
+QString Settings::read(const TextSetting& key)
+{
+    return textOf(key.name, QString::fromLatin1(key.defaultValue));
 }
 
 // A stored text that is not a number gives the default rather than stopping
 // the program at start-up.
-qint16 Settings::readInt(const QString& name, qint16 defaultValue)
+qint16 Settings::read(const IntSetting& key)
 {
     try {
-        return TextToInt16(readText(name, QString::number(defaultValue)));
+        return TextToInt16(textOf(key.name, QString::number(key.defaultValue)));
     } catch (const RuntimeError&) {
-        return defaultValue;
+        return key.defaultValue;
     }
 }
 
-float Settings::readSingle(const QString& name, float defaultValue)
+float Settings::read(const SingleSetting& key)
 {
     try {
-        return float(ToNumber(readText(name, QString::number(defaultValue))));
+        return float(ToNumber(textOf(key.name, QString::number(key.defaultValue))));
     } catch (const RuntimeError&) {
-        return defaultValue;
+        return key.defaultValue;
     }
 }
 
-void Settings::writeInt(const QString& name, qint16 value)
+void Settings::write(const IntSetting& key, qint16 value)
 {
-    writeText(name, QString::number(value));
+    store(key.name, QString::number(value));
 }
 
-void Settings::writeText(const QString& name, const QString& value)
+void Settings::write(const TextSetting& key, const QString& value)
 {
-    QSettings s = store();
-    s.setValue(key(name), value);
+    store(key.name, value);
+}
+
+void Settings::store(const char* name, const QString& text)
+{
+    QSettings s = openStore();
+    s.setValue(key(name), text);
     s.sync();
 }
 

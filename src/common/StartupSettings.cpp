@@ -5,17 +5,17 @@
 
 namespace {
 
-bool readSwitch(const char* key)
+bool readSwitch(const IntSetting& key)
 {
-    return Settings::readInt(QString::fromLatin1(key), 1) > 0;
+    return Settings::read(key) > 0;
 }
 
 } // namespace
 
 void StartupSettings::load(ProgramState& state)
 {
-    state.gPortNo = Settings::readInt(QStringLiteral("PortNo"), 1);
-    state.gPortOccupy = readSwitch("PortOccupy");
-    state.gMmRoundUp = readSwitch("MmRoundUp");
-    state.gDispMmUnit = readSwitch("DispMmUnit");
+    state.gPortNo = Settings::read(Setting::PortNo);
+    state.gPortOccupy = readSwitch(Setting::PortOccupy);
+    state.gMmRoundUp = readSwitch(Setting::MmRoundUp);
+    state.gDispMmUnit = readSwitch(Setting::DispMmUnit);
 }

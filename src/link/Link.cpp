@@ -172,7 +172,7 @@ void Link::Private::releasePort()
 int Link::TryOpenPort(int n)
 {
     if (n < 1 || n > PortNaming::ScanPorts)
-        n = Settings::readInt(QStringLiteral("PortNo"), 1);
+        n = Settings::read(Setting::PortNo);
     if (d->port.isOpen())
         return 0;
     return d->openDevice(d->deviceOf(n)) ? 0 : 1;
@@ -210,7 +210,7 @@ bool Link::portAvailable(int n) const
 
 void Link::ReadPortSetting()
 {
-    ProgramState::instance().gPortNo = Settings::readInt(QStringLiteral("PortNo"), 1);
+    ProgramState::instance().gPortNo = Settings::read(Setting::PortNo);
 }
 
 QStringList Link::scanReport() const

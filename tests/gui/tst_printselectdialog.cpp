@@ -161,7 +161,7 @@ private slots:
     void f1FollowsTheLanguageSetting()
     {
         QFETCH(int, languege);
-        Settings::writeInt(QStringLiteral("Languege"), qint16(languege));
+        Settings::write(Setting::Language, qint16(languege));
         PrintSelectDialog dialog(m_chooser, m_prompter, nullptr);
         int shown = 0;
         QShortcut help(QKeySequence(Qt::Key_F1), &dialog);

@@ -199,7 +199,7 @@ private slots:
         QFETCH(int, key);
         TempSettings settings;
         if (!stored.isEmpty())
-            Settings::writeText("Languege", stored);
+            Settings::writeText(Setting::Language, stored);
         QMainWindow window;
         window.setCentralWidget(new QWidget);
         QAction* help = window.menuBar()->addMenu("Help")->addAction("Contents");

@@ -239,8 +239,8 @@ void MainWindow::Form_Load()
 // The stored position is only read; the program never writes it.
 void MainWindow::placeFromSettings()
 {
-    const float left = Settings::readSingle(QStringLiteral("MainLeft"), 1000);
-    const float top = Settings::readSingle(QStringLiteral("MainTop"), 1000);
+    const float left = Settings::read(Setting::MainLeft);
+    const float top = Settings::read(Setting::MainTop);
     move(Twips::toPixels(left), Twips::toPixels(top));
 }
 
@@ -301,12 +301,12 @@ void MainWindow::closeEvent(QCloseEvent* event)
 void MainWindow::Form_Unload()
 {
     ProgramState& s = ProgramState::instance();
-    Settings::writeInt(QStringLiteral("PortNo"), s.gPortNo);
+    Settings::write(Setting::PortNo, s.gPortNo);
     if (s.gLanguageChangePending) {
         s.gLanguage = s.gLanguage == 1 ? 2 : 1;
         s.gLanguageChangePending = false;
     }
-    Settings::writeInt(QStringLiteral("Languege"), s.gLanguage);
+    Settings::write(Setting::Language, s.gLanguage);
     for (QWidget* w : QApplication::topLevelWidgets())
         if (w != this && w->isVisible())
             w->close();
