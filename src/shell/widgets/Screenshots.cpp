@@ -15,13 +15,15 @@
 
 namespace {
 
-bool save(QWidget* w, const QString& dir, const QString& name)
-{
-    Waiter::sleep(150);
-    return w->grab().save(QDir(dir).filePath(name + QStringLiteral(".png")));
-}
+constexpr int SettleMs = 150;
 
 } // namespace
+
+bool Screenshots::save(QWidget* w, const QString& dir, const QString& name)
+{
+    Waiter::sleep(SettleMs);
+    return w->grab().save(QDir(dir).filePath(name + QStringLiteral(".png")));
+}
 
 int Screenshots::take(MainWindow& window, const QString& dir)
 {
