@@ -2,11 +2,11 @@
 // that never comes: the program must stay idle during the wait, not spin.
 
 #include "common/ProgramState.h"
+#include "common/SerialPort.h"
 #include "link/AlarmDisplay.h"
 #include "link/ErrorList.h"
 #include "link/Link.h"
 #include "link/Prompter.h"
-#include "link/SerialPort.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

@@ -10,12 +10,12 @@
 #include "cli/ListFiles.h"
 #include "cli/OpDataCommands.h"
 #include "cli/ParamsCommands.h"
+#include "common/LanguageStartup.h"
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
+#include "common/StartupSettings.h"
+#include "common/VersionText.h"
 #include "common/Waiter.h"
-#include "shell/LanguageStartup.h"
-#include "shell/StartupSettings.h"
-#include "shell/VersionText.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>

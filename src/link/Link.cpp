@@ -2,16 +2,16 @@
 
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
+#include "common/SerialPort.h"
+#include "common/Settings.h"
 #include "common/Waiter.h"
 #include "link/AlarmDisplay.h"
 #include "link/ErrorList.h"
 #include "link/LinkLog.h"
 #include "link/PortNaming.h"
 #include "link/Prompter.h"
-#include "link/SerialPort.h"
 #include "link/StaleInput.h"
 #include "link/TransactionMessages.h"
-#include "shell/Settings.h"
 
 #include <QTimer>
 
@@ -172,7 +172,7 @@ void Link::Private::releasePort()
 int Link::TryOpenPort(int n)
 {
     if (n < 1 || n > PortNaming::ScanPorts)
-        n = Settings::readInt(QStringLiteral("PortNo"), 1);
+        n = Settings::read(Setting::PortNo);
     if (d->port.isOpen())
         return 0;
     return d->openDevice(d->deviceOf(n)) ? 0 : 1;
@@ -210,7 +210,7 @@ bool Link::portAvailable(int n) const
 
 void Link::ReadPortSetting()
 {
-    ProgramState::instance().gPortNo = Settings::readInt(QStringLiteral("PortNo"), 1);
+    ProgramState::instance().gPortNo = Settings::read(Setting::PortNo);
 }
 
 QStringList Link::scanReport() const

@@ -1,6 +1,6 @@
 #include "link/PortNaming.h"
 
-#include "shell/Settings.h"
+#include "common/Settings.h"
 
 #include <QSerialPortInfo>
 
@@ -71,10 +71,10 @@ QString PortNaming::deviceFor(int n)
 
 QString PortNaming::storedName()
 {
-    return Settings::readText(QStringLiteral("PortName")).trimmed();
+    return Settings::read(Setting::PortName).trimmed();
 }
 
 void PortNaming::storeName(const QString& device)
 {
-    Settings::writeText(QStringLiteral("PortName"), device.trimmed());
+    Settings::write(Setting::PortName, device.trimmed());
 }

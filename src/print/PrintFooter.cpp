@@ -1,8 +1,8 @@
 #include "print/PrintFooter.h"
 
 #include "common/MessageTable.h"
+#include "common/VersionText.h"
 #include "print/PrintCanvas.h"
-#include "shell/VersionText.h"
 
 namespace {
 constexpr int FooterMsg = 4722;

@@ -1,8 +1,8 @@
 #include "shell/SysInfoLauncher.h"
 
 #include "common/MessageTable.h"
+#include "common/RegistryValue.h"
 #include "link/Prompter.h"
-#include "shell/RegistryValue.h"
 
 #include <QFileInfo>
 #include <QProcess>

@@ -1,7 +1,7 @@
 #include "sim/SimOptions.h"
 
+#include "common/LanguageStartup.h"
 #include "common/MessageTable.h"
-#include "shell/LanguageStartup.h"
 #include "sim/ControllerError.h"
 
 #include <QHash>

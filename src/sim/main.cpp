@@ -1,8 +1,8 @@
 // ktr-sim: the virtual controller on a pseudo-terminal or a serial device.
 
+#include "common/LanguageStartup.h"
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
-#include "shell/LanguageStartup.h"
 #include "sim/PtyFront.h"
 #include "sim/SerialFront.h"
 #include "sim/SignalQuit.h"

@@ -30,17 +30,6 @@ std::optional<RuntimeError::Kind> raised(const std::function<void()>& call)
     return std::nullopt;
 }
 
-// Filter texts are "label|pattern|label|pattern": the labels are translated,
-// the patterns are what the file dialog matches and must stay the same.
-QStringList patterns(const QString& filter)
-{
-    const QStringList parts = filter.split(u'|');
-    QStringList out;
-    for (qsizetype i = 1; i < parts.size(); i += 2)
-        out << parts[i];
-    return out;
-}
-
 } // namespace
 
 // The runtime's number and text rules, the item files built on them, and the message table.
@@ -195,24 +184,6 @@ private slots:
         QCOMPARE(f.readAll(), QByteArray("old"));
     }
 
-    // Texts users know word for word, odd spellings and half-width kana
-    // included, and the font name that is never translated.
-    void fixedTexts_data()
-    {
-        QTest::addColumn<int>("id");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("en 29") << 10029 << "Put standart parameter list file in the folder in which the program saved in order "
-                                           "to indicate standard parameters correctly.";
-        QTest::newRow("en 107") << 10107 << "Error occured in Port Check.";
-        QTest::newRow("ja 24") << 24 << "ＭＳ ゴシック";
-        QTest::newRow("ja 107") << 107 << "ﾎﾟｰﾄﾁｪｯｸでｴﾗｰが発生しました。";
-    }
-    void fixedTexts()
-    {
-        QFETCH(int, id);
-        QTEST(MessageTable::instance().text(id), "expected");
-    }
-
     // A row appended with a stray tab, a missing or empty field or a reused id
     // would be dropped, show nothing or silently replace another text.
     void everyRowIsWellFormed()
@@ -232,31 +203,6 @@ private slots:
         QVERIFY(seen.size() > 100);
     }
 
-    void filterPatternsAgree()
-    {
-        const MessageTable& table = MessageTable::instance();
-        for (const auto& [id, expected] : {std::pair{351, QStringList{"*.qmd", "*.*"}}, {1827, {"*.pmt", "*.*"}}}) {
-            QCOMPARE(patterns(table.text(id)), expected);
-            QCOMPARE(patterns(table.text(MessageTable::EnglishBase + id)), expected);
-        }
-    }
-
-    void msgLinesFollowTheLanguage_data()
-    {
-        QTest::addColumn<int>("base");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("English") << 10000
-                                 << "Communication timeout error!\r\n\r\nCheck the followings;\r\n 1.Power ON for controller?";
-        QTest::newRow("Japanese") << 0
-                                  << "通信タイムアウトエラー！\r\n\r\n以下の項目を確認してください。\r\n １．コントローラーの電源が入っていますか？";
-    }
-    void msgLinesFollowTheLanguage()
-    {
-        QFETCH(int, base);
-        ProgramState::instance().gMsgBase = base;
-        QTEST(MsgLines({100, 0, 101, 102}), "expected");
-    }
-
     void fromTsv_data()
     {
         QTest::addColumn<QByteArray>("tsv");
@@ -271,7 +217,6 @@ private slots:
         QTest::newRow("trailing backslash kept") << QByteArray("5\ta\\\ten") << 5 << "a\\" << 2;
         QTest::newRow("CR LF, blanks kept") << QByteArray("5\tja\t en \r\n6\tj6\te6\r\n") << 10005 << " en " << 4;
         QTest::newRow("blank lines skipped") << QByteArray("\n\n5\tja\ten\n\n") << 5 << "ja" << 2;
-        QTest::newRow("comment skipped") << QByteArray("#5\tja\ten\n6\tj6\te6") << 5 << QString() << 2;
         QTest::newRow("id not a number") << QByteArray("x5\tja\ten\n6\tj6\te6") << 5 << QString() << 2;
         QTest::newRow("missing English field") << QByteArray("5\tja\n6\tj6\te6") << 5 << QString() << 2;
         QTest::newRow("empty Japanese field") << QByteArray("5\t\ten") << 5 << QString() << 1;

@@ -3,8 +3,8 @@
 #include "common/DataFiles.h"
 #include "common/FileChooser.h"
 #include "common/ProgramState.h"
+#include "common/Settings.h"
 #include "link/Prompter.h"
-#include "shell/Settings.h"
 
 #include <QCoreApplication>
 #include <QDir>

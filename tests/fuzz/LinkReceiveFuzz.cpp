@@ -8,10 +8,10 @@
 #include "support/RecordingAlarmDisplay.h"
 
 #include "common/RuntimeError.h"
+#include "common/SerialPort.h"
 #include "common/Waiter.h"
 #include "link/ErrorList.h"
 #include "link/Link.h"
-#include "link/SerialPort.h"
 #include "link/VersionQuery.h"
 #include "opdata/IoBits.h"
 #include "opdata/OpDataRecord.h"

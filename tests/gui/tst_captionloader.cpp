@@ -1,6 +1,6 @@
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
-#include "shell/widgets/CaptionLoader.h"
+#include "common/widgets/CaptionLoader.h"
 
 #include <QtTest>
 #include <QtWidgets>

@@ -1,12 +1,12 @@
 #include "SimWindowRig.h"
+#include "common/Settings.h"
 #include "common/Waiter.h"
+#include "common/widgets/Lamp.h"
 #include "link/PortNaming.h"
 #include "link/SequenceContext.h"
 #include "opdata/widgets/OpDataPage.h"
 #include "opdata/widgets/OpDataPageController.h"
 #include "params/widgets/ParaPage.h"
-#include "shell/Settings.h"
-#include "shell/widgets/Lamp.h"
 #include "shell/widgets/OptionsDialog.h"
 #include "sim/SimSerialPort.h"
 #include "support/PtyController.h"
@@ -97,8 +97,8 @@ private slots:
         QFETCH(QStringList, stored);
         setLanguage(qint16(language));
         if (!stored.isEmpty()) {
-            Settings::writeText("MainLeft", stored[0]);
-            Settings::writeText("MainTop", stored[1]);
+            Settings::writeText(Setting::MainLeft, stored[0]);
+            Settings::writeText(Setting::MainTop, stored[1]);
         }
         MainWindow w;
         w.Form_Load();
@@ -156,10 +156,10 @@ private slots:
             QVERIFY(w.close());
         }
 
-        QCOMPARE(Settings::readText("PortNo"), QStringLiteral("4"));
-        QTEST(Settings::readText("Languege"), "stored");
+        QCOMPARE(Settings::readText(Setting::PortNo), QStringLiteral("4"));
+        QTEST(Settings::readText(Setting::Language), "stored");
         QVERIFY(!other.isVisible());
-        QCOMPARE(Settings::readText("MainLeft"), QString());
+        QCOMPARE(Settings::readText(Setting::MainLeft), QString());
     }
 
     // The virtual controller is named in the title and the status bar.
@@ -349,14 +349,14 @@ private slots:
         w.Form_Load();
         // A number in range is read again from the store when the dialog opens.
         ProgramState::instance().gPortNo = 4;
-        Settings::writeInt(QStringLiteral("PortNo"), 1);
+        Settings::write(Setting::PortNo, 1);
         withOptionsDialog(w, [](OptionsDialog& d) {
             QCOMPARE(d.comboPortNo->count(), 0);
             d.chkPortOccupy->setChecked(false);
         });
         QCOMPARE(prompter.texts(), QStringList{"Communication port No. is not correct."});
         QCOMPARE(int(ProgramState::instance().gPortNo), 1);
-        QCOMPARE(Settings::readText(QStringLiteral("PortOccupy")), QStringLiteral("0"));
+        QCOMPARE(Settings::readText(Setting::PortOccupy), QStringLiteral("0"));
 
         link.setPortNaming([&](int n) { return n == 1 ? first.device() : n == 3 ? third.device()
                                                                                 : QString(); });
@@ -417,7 +417,7 @@ private slots:
             d.chkPortOccupy->setChecked(true);
         });
         QCOMPARE(s.gLanguageChangePending, japaneseEnabled && !japaneseChecked);
-        QCOMPARE(Settings::readText(QStringLiteral("PortOccupy")), QStringLiteral("1"));
+        QCOMPARE(Settings::readText(Setting::PortOccupy), QStringLiteral("1"));
         QVERIFY(s.gPortOccupy);
         QVERIFY(w.prompter.shown.isEmpty());
     }

@@ -4,6 +4,7 @@
 
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
+#include "common/Settings.h"
 #include "print/PrintCanvas.h"
 #include "print/widgets/PrintSelectDialog.h"
 #include "print/widgets/PrinterOutput.h"

@@ -1,15 +1,15 @@
 #include "common/DataFiles.h"
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
+#include "common/RegistryValue.h"
+#include "common/Settings.h"
 #include "common/Waiter.h"
+#include "common/widgets/F1Filter.h"
+#include "common/widgets/Lamp.h"
 #include "shell/HelpModule.h"
-#include "shell/RegistryValue.h"
-#include "shell/Settings.h"
 #include "shell/SysInfoLauncher.h"
 #include "shell/widgets/AboutDialog.h"
 #include "shell/widgets/DialogFileChooser.h"
-#include "shell/widgets/F1Filter.h"
-#include "shell/widgets/Lamp.h"
 #include "shell/widgets/MessageBoxPrompter.h"
 #include "shell/widgets/SplashWindow.h"
 #include "support/ScriptedPrompter.h"
@@ -199,7 +199,7 @@ private slots:
         QFETCH(int, key);
         TempSettings settings;
         if (!stored.isEmpty())
-            Settings::writeText("Languege", stored);
+            Settings::writeText(Setting::Language, stored);
         QMainWindow window;
         window.setCentralWidget(new QWidget);
         QAction* help = window.menuBar()->addMenu("Help")->addAction("Contents");

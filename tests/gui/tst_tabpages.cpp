@@ -1,5 +1,7 @@
 #include "SimWindowRig.h"
 
+#include "common/widgets/Lamp.h"
+#include "common/widgets/Twips.h"
 #include "device/widgets/DeviceDialog.h"
 #include "opdata/EntryColours.h"
 #include "opdata/MoveRun.h"
@@ -11,8 +13,6 @@
 #include "print/PdfPrinter.h"
 #include "print/PdfText.h"
 #include "print/widgets/PrintSelectDialog.h"
-#include "shell/Twips.h"
-#include "shell/widgets/Lamp.h"
 #include "sim/ControllerMemory.h"
 
 #include <QTemporaryDir>

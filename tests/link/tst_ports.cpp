@@ -1,8 +1,8 @@
 #include "LinkRig.h"
 
+#include "common/Settings.h"
 #include "link/LineSettings.h"
 #include "link/PortNaming.h"
-#include "shell/Settings.h"
 
 #include <QTest>
 
@@ -70,7 +70,7 @@ private slots:
         QFETCH(QString, device);
         LinkRig rig;
         if (!stored.isEmpty())
-            Settings::writeText(QStringLiteral("PortNo"), stored);
+            Settings::writeText(Setting::PortNo, stored);
         ProgramState::instance().gPortNo = qint16(inMemory);
 
         QCOMPARE(rig.link.OpenCommPort(), 0);

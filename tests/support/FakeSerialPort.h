@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/SerialPort.h"
+#include "common/SerialPort.h"
 
 #include <QByteArray>
 #include <QHash>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Settings.h"
+#include "common/Settings.h"
 
 #include <QTemporaryDir>
 

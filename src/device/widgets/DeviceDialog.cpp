@@ -1,9 +1,9 @@
 #include "device/widgets/DeviceDialog.h"
 
+#include "common/widgets/CaptionLoader.h"
+#include "common/widgets/F1Filter.h"
+#include "common/widgets/Twips.h"
 #include "device/widgets/SizeListCombo.h"
-#include "shell/Twips.h"
-#include "shell/widgets/CaptionLoader.h"
-#include "shell/widgets/F1Filter.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,7 +1,7 @@
 #include "opdata/widgets/OpDataPage.h"
 
-#include "shell/widgets/CaptionLoader.h"
-#include "shell/widgets/Lamp.h"
+#include "common/widgets/CaptionLoader.h"
+#include "common/widgets/Lamp.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>

@@ -1,5 +1,6 @@
 #include "opdata/widgets/OpDataPageController.h"
 
+#include "common/widgets/Lamp.h"
 #include "link/SequenceContext.h"
 #include "opdata/IoMonitor.h"
 #include "opdata/MoveRun.h"
@@ -10,7 +11,6 @@
 #include "opdata/widgets/OpDataPage.h"
 #include "params/ActuatorSize.h"
 #include "print/widgets/PrinterOutput.h"
-#include "shell/widgets/Lamp.h"
 
 #include <QCheckBox>
 #include <QComboBox>

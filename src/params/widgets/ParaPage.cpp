@@ -1,6 +1,6 @@
 #include "params/widgets/ParaPage.h"
 
-#include "shell/widgets/CaptionLoader.h"
+#include "common/widgets/CaptionLoader.h"
 
 #include <QCheckBox>
 #include <QComboBox>

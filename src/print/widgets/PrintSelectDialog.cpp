@@ -2,10 +2,10 @@
 
 #include "common/FileChooser.h"
 #include "common/MessageTable.h"
+#include "common/widgets/CaptionLoader.h"
+#include "common/widgets/F1Filter.h"
+#include "common/widgets/Twips.h"
 #include "link/Prompter.h"
-#include "shell/Twips.h"
-#include "shell/widgets/CaptionLoader.h"
-#include "shell/widgets/F1Filter.h"
 
 #include <QFileInfo>
 #include <QGroupBox>

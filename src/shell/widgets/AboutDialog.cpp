@@ -1,8 +1,8 @@
 #include "shell/widgets/AboutDialog.h"
 
-#include "shell/VersionText.h"
+#include "common/VersionText.h"
+#include "common/widgets/CaptionLoader.h"
 #include "shell/widgets/AppIcon.h"
-#include "shell/widgets/CaptionLoader.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

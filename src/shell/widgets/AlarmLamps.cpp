@@ -1,6 +1,6 @@
 #include "shell/widgets/AlarmLamps.h"
 
-#include "shell/widgets/Lamp.h"
+#include "common/widgets/Lamp.h"
 
 #include <QLabel>
 

@@ -1,16 +1,16 @@
 #include "shell/widgets/ControllerScreenshots.h"
 
 #include "common/Waiter.h"
+#include "common/widgets/Lamp.h"
 #include "opdata/widgets/OpDataPage.h"
 #include "shell/widgets/ControllerSession.h"
-#include "shell/widgets/Lamp.h"
 #include "shell/widgets/MainWindow.h"
 #include "shell/widgets/OptionsDialog.h"
+#include "shell/widgets/Screenshots.h"
 #include "sim/SimController.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QDir>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTimer>
@@ -19,15 +19,8 @@
 
 namespace {
 
-constexpr int SettleMs = 150;
 constexpr int AlarmWaitMs = 2000;
 constexpr int LookoutMs = 50;
-
-bool save(QWidget* w, const QString& dir, const QString& name)
-{
-    Waiter::sleep(SettleMs);
-    return w->grab().save(QDir(dir).filePath(name + QStringLiteral(".png")));
-}
 
 // Runs shoot on the modal window that command opens (once its exchange
 // with the controller is over), then closes it.
@@ -57,11 +50,11 @@ bool ControllerScreenshots::take(MainWindow& window, const QString& dir)
     if (!sim)
         return true;
     bool ok = whileModal(window.mnuShowCtversion,
-                         [&](QWidget* box) { return save(box, dir, QStringLiteral("version")); });
+                         [&](QWidget* box) { return Screenshots::save(box, dir, QStringLiteral("version")); });
 
     sim->raiseAlarm("301");
     Waiter::waitUntil([&] { return window.imgAlarmLed->isVisible(); }, AlarmWaitMs);
-    ok &= save(&window, dir, QStringLiteral("alarm"));
+    ok &= Screenshots::save(&window, dir, QStringLiteral("alarm"));
     window.opData->cmdRESET->click();
 
     ok &= whileModal(window.mnuOption, [&](QWidget* modal) {
@@ -69,7 +62,7 @@ bool ControllerScreenshots::take(MainWindow& window, const QString& dir)
         bool saved = options != nullptr;
         for (int i = 0; saved && i < options->SSTabOption->count(); ++i) {
             options->SSTabOption->setCurrentIndex(i);
-            saved &= save(options, dir, QStringLiteral("options-tab%1").arg(i + 1));
+            saved &= Screenshots::save(options, dir, QStringLiteral("options-tab%1").arg(i + 1));
         }
         return saved;
     });

@@ -2,20 +2,20 @@
 
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
+#include "common/Settings.h"
 #include "common/Waiter.h"
+#include "common/widgets/CaptionLoader.h"
+#include "common/widgets/Lamp.h"
+#include "common/widgets/Twips.h"
 #include "link/Link.h"
 #include "opdata/widgets/OpDataPage.h"
 #include "opdata/widgets/OpDataPageController.h"
 #include "params/widgets/ParaPage.h"
 #include "params/widgets/ParaPageController.h"
-#include "shell/Settings.h"
-#include "shell/Twips.h"
 #include "shell/widgets/AboutDialog.h"
 #include "shell/widgets/AppIcon.h"
-#include "shell/widgets/CaptionLoader.h"
 #include "shell/widgets/ControllerActions.h"
 #include "shell/widgets/ControllerSession.h"
-#include "shell/widgets/Lamp.h"
 #include "shell/widgets/MainWindowProgress.h"
 
 #include <QApplication>
@@ -260,8 +260,8 @@ void MainWindow::Form_Load()
 // The stored position is only read; the program never writes it.
 void MainWindow::placeFromSettings()
 {
-    const float left = Settings::readSingle(QStringLiteral("MainLeft"), 1000);
-    const float top = Settings::readSingle(QStringLiteral("MainTop"), 1000);
+    const float left = Settings::read(Setting::MainLeft);
+    const float top = Settings::read(Setting::MainTop);
     move(Twips::toPixels(left), Twips::toPixels(top));
 }
 
@@ -322,12 +322,12 @@ void MainWindow::closeEvent(QCloseEvent* event)
 void MainWindow::Form_Unload()
 {
     ProgramState& s = ProgramState::instance();
-    Settings::writeInt(QStringLiteral("PortNo"), s.gPortNo);
+    Settings::write(Setting::PortNo, s.gPortNo);
     if (s.gLanguageChangePending) {
         s.gLanguage = s.gLanguage == 1 ? 2 : 1;
         s.gLanguageChangePending = false;
     }
-    Settings::writeInt(QStringLiteral("Languege"), s.gLanguage);
+    Settings::write(Setting::Language, s.gLanguage);
     for (QWidget* w : QApplication::topLevelWidgets())
         if (w != this && w->isVisible())
             w->close();

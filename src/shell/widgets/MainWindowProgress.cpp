@@ -1,6 +1,6 @@
 #include "shell/widgets/MainWindowProgress.h"
 
-#include "shell/Twips.h"
+#include "common/widgets/Twips.h"
 #include "shell/widgets/TransferWindow.h"
 
 #include <QEvent>

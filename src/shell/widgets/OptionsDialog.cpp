@@ -3,12 +3,12 @@
 #include "common/MessageTable.h"
 #include "common/NumberText.h"
 #include "common/ProgramState.h"
+#include "common/Settings.h"
+#include "common/widgets/CaptionLoader.h"
+#include "common/widgets/Twips.h"
 #include "link/Link.h"
 #include "link/PortNaming.h"
 #include "link/Prompter.h"
-#include "shell/Settings.h"
-#include "shell/Twips.h"
-#include "shell/widgets/CaptionLoader.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -178,7 +178,7 @@ void OptionsDialog::Form_Load()
     (s.gMmRoundUp ? optSutiSyori_0 : optSutiSyori_1)->setChecked(true);
 
     if (s.gLanguage != 1 && s.gLanguage != 2)
-        s.gLanguage = Settings::readInt(QStringLiteral("Languege"), 1);
+        s.gLanguage = Settings::read(Setting::Language);
     selectLanguage();
 
     chkPortOccupy->setChecked(s.gPortOccupy);
@@ -280,8 +280,7 @@ void OptionsDialog::applyChoices()
 
     s.gLanguageChangePending = optLanguege_0->isChecked() != (s.gLanguage == 1);
     s.gPortOccupy = chkPortOccupy->isChecked();
-    Settings::writeText(QStringLiteral("PortOccupy"),
-                        s.gPortOccupy ? QStringLiteral("1") : QStringLiteral("0"));
+    Settings::write(Setting::PortOccupy, s.gPortOccupy ? 1 : 0);
     s.gDispMmUnit = optDispPos_0->isChecked();
 }
 

@@ -2,11 +2,11 @@
 
 #include "common/MessageTable.h"
 #include "common/Waiter.h"
-#include "opdata/widgets/OpDataScreenshots.h"
 #include "shell/widgets/AboutDialog.h"
 #include "shell/widgets/ControllerScreenshots.h"
 #include "shell/widgets/MainWindow.h"
 #include "shell/widgets/MainWindowProgress.h"
+#include "shell/widgets/OpDataScreenshots.h"
 #include "shell/widgets/SplashWindow.h"
 #include "shell/widgets/TransferWindow.h"
 
@@ -15,13 +15,15 @@
 
 namespace {
 
-bool save(QWidget* w, const QString& dir, const QString& name)
-{
-    Waiter::sleep(150);
-    return w->grab().save(QDir(dir).filePath(name + QStringLiteral(".png")));
-}
+constexpr int SettleMs = 150;
 
 } // namespace
+
+bool Screenshots::save(QWidget* w, const QString& dir, const QString& name)
+{
+    Waiter::sleep(SettleMs);
+    return w->grab().save(QDir(dir).filePath(name + QStringLiteral(".png")));
+}
 
 int Screenshots::take(MainWindow& window, const QString& dir)
 {

@@ -1,8 +1,8 @@
 #include "shell/widgets/SplashWindow.h"
 
 #include "common/MessageTable.h"
+#include "common/VersionText.h"
 #include "common/Waiter.h"
-#include "shell/VersionText.h"
 #include "shell/widgets/AppIcon.h"
 
 #include <QFrame>

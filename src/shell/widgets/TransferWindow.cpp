@@ -1,6 +1,6 @@
 #include "shell/widgets/TransferWindow.h"
 
-#include "shell/widgets/CaptionLoader.h"
+#include "common/widgets/CaptionLoader.h"
 
 #include <QCloseEvent>
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include "shell/widgets/CaptionLoader.h"
+#include "common/widgets/CaptionLoader.h"
 
 #include "common/MessageTable.h"
 #include "common/NumberText.h"

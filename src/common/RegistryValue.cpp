@@ -1,4 +1,4 @@
-#include "shell/RegistryValue.h"
+#include "common/RegistryValue.h"
 
 #include "common/NumberText.h"
 

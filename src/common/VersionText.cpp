@@ -1,4 +1,4 @@
-#include "shell/VersionText.h"
+#include "common/VersionText.h"
 
 QString VersionText(int major, int minor, int revision)
 {

@@ -1,6 +1,6 @@
-#include "shell/widgets/F1Filter.h"
+#include "common/widgets/F1Filter.h"
 
-#include "shell/Settings.h"
+#include "common/Settings.h"
 
 #include <QKeyEvent>
 
@@ -11,7 +11,7 @@ bool F1Filter::eventFilter(QObject* watched, QEvent* event)
         return QObject::eventFilter(watched, event);
     if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1)
         return false;
-    if (Settings::readInt(QStringLiteral("Languege"), 1) == 1)
+    if (Settings::read(Setting::Language) == 1)
         return false;
     // Accepting the override keeps F1 from reaching any shortcut; the key
     // press that follows is swallowed here too.

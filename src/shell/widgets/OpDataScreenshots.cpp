@@ -1,18 +1,18 @@
-#include "opdata/widgets/OpDataScreenshots.h"
+#include "shell/widgets/OpDataScreenshots.h"
 
 #include "common/Waiter.h"
+#include "common/widgets/Lamp.h"
 #include "opdata/IoMonitor.h"
 #include "opdata/MoveRun.h"
 #include "opdata/widgets/OpDataPage.h"
 #include "opdata/widgets/OpDataPageController.h"
 #include "shell/widgets/ControllerSession.h"
-#include "shell/widgets/Lamp.h"
 #include "shell/widgets/MainWindow.h"
+#include "shell/widgets/Screenshots.h"
 #include "sim/SimController.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDir>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -20,16 +20,9 @@
 
 namespace {
 
-constexpr int SettleMs = 150;
 constexpr int LampWaitMs = 3000;
 constexpr int LampPollMs = 50;
 constexpr int ShotAtMove = 3;
-
-bool save(QWidget* w, const QString& dir, const QString& name)
-{
-    Waiter::sleep(SettleMs);
-    return w->grab().save(QDir(dir).filePath(name + QStringLiteral(".png")));
-}
 
 void waitFor(Lamp* lamp, bool on)
 {
@@ -56,7 +49,7 @@ bool shootRun(MainWindow& window, OpDataPageController& controller, const QStrin
         &controller.moveRun(), &MoveRun::moveFinished, &page, [&](int moveNo) {
             if (moveNo != ShotAtMove)
                 return;
-            ok = save(&window, dir, QStringLiteral("opdata-run"));
+            ok = Screenshots::save(&window, dir, QStringLiteral("opdata-run"));
             page.cmdSTOP->click();
         });
     page.cmdMOVE->click();
@@ -72,7 +65,7 @@ bool shootMonitor(MainWindow& window, OpDataPageController& controller, const QS
     waitFor(page.imgOutputRdy, true);
     controller.monitor().outputClicked(IoLamp::OutputOut1);
     waitFor(page.imgOutputOut1, true);
-    const bool ok = save(&window, dir, QStringLiteral("opdata-monitor"));
+    const bool ok = Screenshots::save(&window, dir, QStringLiteral("opdata-monitor"));
     page.cmdIoMonitor->click();
     waitFor(page.imgOutputRdy, false);
     window.session().simulator()->setInputs(false, false);

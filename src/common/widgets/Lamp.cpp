@@ -1,4 +1,4 @@
-#include "shell/widgets/Lamp.h"
+#include "common/widgets/Lamp.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

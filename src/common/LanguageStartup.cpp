@@ -1,8 +1,8 @@
-#include "shell/LanguageStartup.h"
+#include "common/LanguageStartup.h"
 
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
-#include "shell/Settings.h"
+#include "common/Settings.h"
 
 #include <QLocale>
 
@@ -29,7 +29,7 @@ LanguageDecision LanguageStartup::decide(const QString& countryName,
 void LanguageStartup::run(ProgramState& state)
 {
     const LanguageDecision d = decide(systemCountryName(), [] {
-        return Settings::readInt(QStringLiteral("Languege"), 1);
+        return Settings::read(Setting::Language);
     });
     state.gForeignOs = d.foreignOs;
     state.gLanguage = d.language;
