@@ -9,6 +9,7 @@
 #include "link/ErrorList.h"
 #include "link/Link.h"
 #include "link/SequenceContext.h"
+#include "params/ParaCommandFrame.h"
 #include "params/ParaData.h"
 #include "params/ParaFile.h"
 #include "params/ParaReadCommand.h"
@@ -313,6 +314,18 @@ private slots:
         QTEST(rig.prompter.texts(), "texts");
         QCOMPARE(rig.files.requests[0].title, "Open Parameter file");
         QVERIFY(rig.port.frames.isEmpty());
+    }
+
+    // An exception leaving a transaction still gives everything back.
+    void exceptionLeavesNothingHeld()
+    {
+        ParaRig rig;
+        QCOMPARE(rig.link.OpenCommPort(), 0);
+        QVERIFY_THROWS_EXCEPTION(std::runtime_error,
+                                 runParaTransaction(rig.context, [] { throw std::runtime_error("thrown"); }));
+        QCOMPARE(rig.recorder.calls, Locked({}));
+        QVERIFY(!ProgramState::instance().gCommBusy);
+        QVERIFY(!rig.link.isPortOpen());
     }
 };
 
