@@ -68,11 +68,11 @@ int main(int argc, char** argv)
     double totalCpu = 0;
     double totalWall = 0;
     for (int i = 0; i < qMax(1, rounds); ++i) {
-        link.gTimeoutMs = 2000;
+        link.setTimeoutMs(2000);
         QElapsedTimer wall;
         const double cpuBefore = cpuSeconds();
         wall.start();
-        const int result = link.SendRecvCommand(QStringLiteral("0RA"), 6, {});
+        const int result = link.SendRecvCommand(QStringLiteral("0RA"), 6, {}).ok() ? 0 : 1;
         const double cpu = cpuSeconds() - cpuBefore;
         const double seconds = double(wall.nsecsElapsed()) / 1e9;
         totalCpu += cpu;

@@ -48,11 +48,8 @@ int status(CliSession& session, const QStringList& args)
         session.out() << runStatus << '\n';
         return ExitDone;
     }
-    const Link& link = session.link();
-    const bool accepted = !link.gCommError && !link.gErrorReply && !link.gAbortWait
-        && link.gReply.size() == 6 && link.gReply.startsWith(QStringLiteral("0RA"));
-    if (accepted)
-        session.report(Msg(UnknownRunStatus).arg(link.gReply.mid(3, 1)));
+    if (session.commands().outcome().ok())
+        session.report(Msg(UnknownRunStatus).arg(session.commands().field(4, 1)));
     return ExitLinkFailed;
 }
 

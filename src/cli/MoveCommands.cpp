@@ -7,6 +7,7 @@
 #include "cli/Interrupt.h"
 #include "cli/NumberArgument.h"
 #include "common/MessageTable.h"
+#include "link/CommandSet.h"
 #include "opdata/Homing.h"
 #include "opdata/MoveRun.h"
 #include "opdata/MoveTestState.h"
@@ -40,9 +41,9 @@ int screenFromOptions(CliSession& session, const QStringList& args, OpDataScreen
 }
 
 // The status digit of the last "0RA" reply, which refused the run.
-QString lastStatus(const Link& link)
+QString lastStatus(const CommandSet& commands)
 {
-    return link.gReply.mid(3, 1);
+    return commands.field(4, 1);
 }
 
 } // namespace
@@ -75,7 +76,7 @@ int move(CliSession& session, const QStringList& args)
     case MoveRun::Result::Done:
         return ExitDone;
     case MoveRun::Result::NotAtRest:
-        session.report(Msg(NotAtRest).arg(lastStatus(session.link())));
+        session.report(Msg(NotAtRest).arg(lastStatus(session.commands())));
         return ExitLinkFailed;
     case MoveRun::Result::Failed:
     default:

@@ -7,6 +7,15 @@
 #include "link/SequenceContext.h"
 #include "link/TransactionMessages.h"
 
+namespace {
+
+using Step = SequenceGuard::Step;
+const SequenceGuard::Bracket WindowCommand{
+    {Step::CommandButtons, Step::Tabs, Step::Menus, Step::Busy},
+    {Step::ClosePort, Step::Busy, Step::CommandButtons, Step::Tabs, Step::Menus}};
+
+} // namespace
+
 bool CommandHold::mayStart(SequenceContext& ctx)
 {
     const bool otherRuns = ProgramState::instance().gCommBusy || ctx.link.busy() || ctx.lock.held();
@@ -16,19 +25,6 @@ bool CommandHold::mayStart(SequenceContext& ctx)
 }
 
 CommandHold::CommandHold(SequenceContext& ctx)
-    : m_ctx(ctx)
+    : m_guard(ctx.lock, &ctx.link, WindowCommand)
 {
-    m_ctx.lock.CMDBTN_Muko();
-    m_ctx.lock.setTabsEnabled(false);
-    m_ctx.lock.Menyu_Muko();
-    ProgramState::instance().gCommBusy = true;
-}
-
-CommandHold::~CommandHold()
-{
-    m_ctx.link.CloseCommPort();
-    ProgramState::instance().gCommBusy = false;
-    m_ctx.lock.CMDBTN_Yuko();
-    m_ctx.lock.setTabsEnabled(true);
-    m_ctx.lock.Menyu_Yuko();
 }

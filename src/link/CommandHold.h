@@ -1,5 +1,7 @@
 #pragma once
 
+#include "link/SequenceGuard.h"
+
 struct SequenceContext;
 
 // One controller command of the window at a time.
@@ -20,10 +22,7 @@ public:
     static bool mayStart(SequenceContext& ctx);
 
     explicit CommandHold(SequenceContext& ctx);
-    ~CommandHold();
-    CommandHold(const CommandHold&) = delete;
-    CommandHold& operator=(const CommandHold&) = delete;
 
 private:
-    SequenceContext& m_ctx;
+    SequenceGuard m_guard;
 };

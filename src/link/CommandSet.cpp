@@ -8,20 +8,16 @@ CommandSet::CommandSet(Link& link)
 {
 }
 
-QString CommandSet::reply() const
-{
-    return m_link.gReply;
-}
-
 QString CommandSet::field(int pos, int count) const
 {
-    return m_link.gReply.mid(pos - 1, count);
+    return reply().mid(pos - 1, count);
 }
 
 int CommandSet::send(const QString& command, int expectedLength, const QString& data, int timeoutMs)
 {
-    m_link.gTimeoutMs = qint16(timeoutMs);
-    return m_link.SendRecvCommand(command, expectedLength, data);
+    m_link.setTimeoutMs(timeoutMs);
+    m_last = m_link.SendRecvCommand(command, expectedLength, data);
+    return m_last.ok() ? 0 : 1;
 }
 
 int CommandSet::CheckCommunication()

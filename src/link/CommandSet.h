@@ -1,18 +1,22 @@
 #pragma once
 
+#include "link/LinkOutcome.h"
+
 #include <QString>
 
 class Link;
 
 // One routine per controller command: each stores its reply time-out,
 // sends its frame through SendRecvCommand with its expected reply length,
-// and returns 0 (reply in reply()) or 1 (the link has shown the failure).
+// and returns 0 (reply in reply()) or 1 (the link has shown the failure);
+// outcome() says what the last one came to.
 class CommandSet {
 public:
     explicit CommandSet(Link& link);
 
     Link& link() { return m_link; }
-    QString reply() const;
+    const LinkOutcome& outcome() const { return m_last; }
+    QString reply() const { return m_last.reply(); }
 
     int CheckCommunication();                     // "0CM" "6", 6, 2000
     int SetCommMode(int mode);                    // "0CM" n (0..7, else 0), 6, 5000
@@ -40,4 +44,6 @@ private:
     int send(const QString& command, int expectedLength, const QString& data, int timeoutMs);
 
     Link& m_link;
+    // Nothing was exchanged yet.
+    LinkOutcome m_last{LinkOutcome::Kind::NotOpened, {}};
 };

@@ -72,8 +72,9 @@ struct Link::Private : QObject {
     bool openDevice(const QString& device);
 
     void releasePort();
-    int refuse(const QString& command);
-    int transact(const QString& frame, int expectedLength);
+    LinkOutcome refuse(const QString& command);
+    LinkOutcome transact(const QString& frame, int expectedLength);
+    LinkOutcome outcome(LinkOutcome::Kind kind) const { return {kind, gReply}; }
     void startTimeout();
     void onTimeout();
     void writeFrame(const QString& frame);
@@ -85,11 +86,12 @@ struct Link::Private : QObject {
     void tellOwnErrors();
     void onLost();
 
-    int failLost();
-    int failTimedOut();
-    int failErrorReply();
-    int accept();
-    int resynchronise(bool echoMatched);
+    LinkOutcome failLost();
+    LinkOutcome failTimedOut();
+    LinkOutcome failErrorReply();
+    LinkOutcome accept();
+    LinkOutcome resynchronise(bool echoMatched);
+    void decodeErrorLine(const QString& line);
 
     Link* q;
     SerialPort& port;
@@ -109,6 +111,18 @@ struct Link::Private : QObject {
     std::function<QString(int)> deviceOfNumber = [](int n) { return PortNaming::deviceFor(n); };
     std::array<bool, PortNaming::ScanPorts + 1> available{};
     QStringList scanReport;
+
+    // The transaction state.
+    qint16 gTimeoutMs = 2000;
+    bool gTimedOut = false;
+    bool gReplyReceived = false;
+    QString gRxBuffer;
+    QString gReply;
+    // What the last lookup of an error code found; its number and text stay
+    // until the next code is found.
+    LinkOutcome::Error decoded;
+    bool gCloseAfterError = false; // never set; its test is kept
+    bool gAbortWait = false;       // set when the program is closing
 };
 
 Link::Link(SerialPort& port, Prompter& prompter, AlarmDisplay& alarms, const ErrorList& errors,
@@ -261,64 +275,83 @@ bool Link::busy() const
     return d->inFlight;
 }
 
-int Link::SendRecvCommand(const QString& command, int expectedLength, const QString& data)
+void Link::setTimeoutMs(int ms)
+{
+    d->gTimeoutMs = qint16(ms);
+}
+
+int Link::timeoutMs() const
+{
+    return d->gTimeoutMs;
+}
+
+QString Link::lastReply() const
+{
+    return d->gReply;
+}
+
+QString Link::pendingInput() const
+{
+    return d->gRxBuffer;
+}
+
+LinkOutcome Link::SendRecvCommand(const QString& command, int expectedLength, const QString& data)
 {
     if (d->inFlight)
         return d->refuse(command);
     const InFlight inFlight(d->inFlight);
     d->ownErrors.clear();
-    const int result = d->transact(command + data, expectedLength);
+    LinkOutcome result = d->transact(command + data, expectedLength);
     d->tellOwnErrors();
     return result;
 }
 
 // Told without waiting for an answer: the transaction in flight goes on
 // untouched below this call.
-int Link::Private::refuse(const QString& command)
+LinkOutcome Link::Private::refuse(const QString& command)
 {
     qCCritical(lcLink) << "internal error: transaction" << command
                        << "refused, another one is still waiting for its reply";
     prompter.notify(TransactionMessages::refusedWhileBusy());
-    return 1;
+    return outcome(LinkOutcome::Kind::RefusedBusy);
 }
 
-int Link::Private::transact(const QString& frame, int expectedLength)
+LinkOutcome Link::Private::transact(const QString& frame, int expectedLength)
 {
     if (q->OpenCommPort() != 0)
-        return 1;
-    q->gCommError = false;
-    q->gTimedOut = false;
+        return outcome(LinkOutcome::Kind::NotOpened);
+    gTimedOut = false;
     startTimeout();
     const QString code = frame.left(3);
     writeFrame(frame);
 
     const Waiter::Result waited =
-        Waiter::waitUntil([this] { return q->gReplyReceived || q->gTimedOut || lost; });
+        Waiter::waitUntil([this] { return gReplyReceived || gTimedOut || lost; });
     TimerTimeout->stop();
     if (waited == Waiter::Result::Aborted) {
-        q->gAbortWait = true;
-        return 1;
+        gAbortWait = true;
+        return outcome(LinkOutcome::Kind::Aborted);
     }
     if (lost)
         return failLost();
-    if (q->gTimedOut)
+    if (gTimedOut)
         return failTimedOut();
-    if (q->gReply.startsWith(ErrorReplyHead))
+    if (gReply.startsWith(ErrorReplyHead))
         return failErrorReply();
-    const bool echoMatched = q->gReply.left(3) == code;
-    if (echoMatched && q->gReply.size() == expectedLength)
+    const bool echoMatched = gReply.left(3) == code;
+    if (echoMatched && gReply.size() == expectedLength)
         return accept();
     return resynchronise(echoMatched);
 }
 
 void Link::Private::startTimeout()
 {
-    TimerTimeout->start(qMax<int>(0, q->gTimeoutMs));
+    TimerTimeout->start(qMax<int>(0, gTimeoutMs));
 }
 
 void Link::Private::onTimeout()
 {
-    q->gTimedOut = true;
+    gTimedOut = true;
     Waiter::wake();
 }
 
@@ -326,7 +359,7 @@ void Link::Private::writeFrame(const QString& frame)
 {
     const QByteArray bytes = frame.toLatin1();
     setAsideStaleInput();
-    q->gReplyReceived = false;
+    gReplyReceived = false;
     port.write(bytes + "\r\n");
     qCDebug(lcLinkFrames).noquote() << ">" << frame;
     emit q->frameSent(bytes);
@@ -339,80 +372,74 @@ void Link::Private::writeFrame(const QString& frame)
 // the driver is cleared once more, of whatever came in meanwhile.
 void Link::Private::setAsideStaleInput()
 {
-    const StaleInput stale = StaleInput::split(q->gRxBuffer + QString::fromLatin1(port.takeArrived()));
+    const StaleInput stale = StaleInput::split(gRxBuffer + QString::fromLatin1(port.takeArrived()));
     if (stale.head.isEmpty())
         port.discardInput();
-    q->gRxBuffer = stale.head;
+    gRxBuffer = stale.head;
     staleChars = stale.head.size();
     for (const QString& line : stale.errorLines)
         takeOwnError(line);
 }
 
 // The device went away under the request; onLost has let the port go.
-int Link::Private::failLost()
+LinkOutcome Link::Private::failLost()
 {
-    q->gCommError = true;
     prompter.tell(TransactionMessages::portLost(), Prompter::Icon::Exclamation);
-    return 1;
+    return outcome(LinkOutcome::Kind::PortLost);
 }
 
-int Link::Private::failTimedOut()
+LinkOutcome Link::Private::failTimedOut()
 {
-    q->gCommError = true;
     releasePort();
     prompter.tell(TransactionMessages::timedOut());
-    return 1;
+    return outcome(LinkOutcome::Kind::TimedOut);
 }
 
-int Link::Private::failErrorReply()
+LinkOutcome Link::Private::failErrorReply()
 {
-    q->gErrorReply = true;
-    q->gLastErrorReply = q->gReply;
-    q->ErrorCheck();
-    prompter.tell(TransactionMessages::errorReply(q->gErrorFound, q->gErrorNo, q->gErrorText));
-    if (q->gCloseAfterError)
+    decodeErrorLine(gReply);
+    prompter.tell(TransactionMessages::errorReply(decoded.found, decoded.number, decoded.text));
+    if (gCloseAfterError)
         releasePort();
-    return 1;
+    return {LinkOutcome::Kind::ErrorReply, gReply, decoded};
 }
 
 // An error the controller reported on its own meanwhile stays on the lamp:
 // the reply says nothing about it.
-int Link::Private::accept()
+LinkOutcome Link::Private::accept()
 {
-    q->gErrorReply = false;
-    if (!ownErrors.isEmpty())
-        return 0;
-    alarms.setStatusText(QStringLiteral(" "));
-    alarms.showAlarm(false);
-    return 0;
+    if (ownErrors.isEmpty()) {
+        alarms.setStatusText(QStringLiteral(" "));
+        alarms.showAlarm(false);
+    }
+    return outcome(LinkOutcome::Kind::Ok);
 }
 
 // After a reply of the wrong length or echo the controller is asked for a
 // plain communication check, whose answer decides which failure is shown.
 // After a wrong length the wait has no time limit: only a line (or the
 // program closing) ends it.
-int Link::Private::resynchronise(bool echoMatched)
+LinkOutcome Link::Private::resynchronise(bool echoMatched)
 {
-    q->gTimedOut = false;
+    gTimedOut = false;
     startTimeout();
     writeFrame(ResyncFrame);
 
     const Waiter::Result waited = Waiter::waitUntil([this, echoMatched] {
-        return q->gReplyReceived || q->gAbortWait || lost || (!echoMatched && q->gTimedOut);
+        return gReplyReceived || gAbortWait || lost || (!echoMatched && gTimedOut);
     });
     TimerTimeout->stop();
     if (waited == Waiter::Result::Aborted)
-        q->gAbortWait = true;
-    if (q->gAbortWait)
-        return 1;
+        gAbortWait = true;
+    if (gAbortWait)
+        return outcome(LinkOutcome::Kind::Aborted);
     if (lost)
         return failLost();
-    if (q->gReply.startsWith(ErrorReplyHead))
+    if (gReply.startsWith(ErrorReplyHead))
         return failErrorReply();
     releasePort();
-    q->gCommError = true;
     prompter.tell(TransactionMessages::lengthError());
-    return 1;
+    return outcome(LinkOutcome::Kind::WrongReply);
 }
 
 // The receive side: everything waiting is appended to the buffer, and a
@@ -424,19 +451,17 @@ void Link::Private::poll()
         return;
     if (port.bytesAvailable() < 1)
         return;
-    q->gRxBuffer += QString::fromLatin1(port.readAll());
+    gRxBuffer += QString::fromLatin1(port.readAll());
     if (staleChars > 0 && !finishStaleLine())
         return;
-    if (!q->gRxBuffer.endsWith(CrLf))
+    if (!gRxBuffer.endsWith(CrLf))
         return;
-    q->gReplyReceived = true;
-    q->gReply = q->gRxBuffer;
-    q->gRxBuffer.clear();
-    announce(q->gReply);
-    if (q->gReply.startsWith(ErrorReplyHead)) {
-        q->gErrorReply = true;
-        q->ErrorCheck();
-    }
+    gReplyReceived = true;
+    gReply = gRxBuffer;
+    gRxBuffer.clear();
+    announce(gReply);
+    if (gReply.startsWith(ErrorReplyHead))
+        decodeErrorLine(gReply);
     Waiter::wake();
 }
 
@@ -446,7 +471,7 @@ void Link::Private::poll()
 // when what follows it is there to be looked at.
 bool Link::Private::finishStaleLine()
 {
-    QString& rx = q->gRxBuffer;
+    QString& rx = gRxBuffer;
     if (rx.size() < ErrorReplyHead.size() && ErrorReplyHead.startsWith(rx))
         return false;
     if (!rx.startsWith(ErrorReplyHead)) {
@@ -474,12 +499,11 @@ void Link::Private::announce(const QString& line)
 // same report once) when its own reply has been judged.
 void Link::Private::takeOwnError(const QString& line)
 {
-    q->gReply = line;
+    gReply = line;
     announce(line);
-    q->gErrorReply = true;
-    q->ErrorCheck();
+    decodeErrorLine(line);
     const QString report = TransactionMessages::ownError(
-        TransactionMessages::errorReply(q->gErrorFound, q->gErrorNo, q->gErrorText));
+        TransactionMessages::errorReply(decoded.found, decoded.number, decoded.text));
     if (inFlight && !ownErrors.contains(report))
         ownErrors << report;
 }
@@ -492,25 +516,31 @@ void Link::Private::tellOwnErrors()
 
 // --- error replies ------------------------------------------------------------------
 
-void Link::ErrorCheck()
+void Link::Private::decodeErrorLine(const QString& line)
 {
-    gErrorFound = false;
-    if (d->errors.missing()) {
-        d->prompter.tell(MsgLines({30, 31}));
+    decoded.found = false;
+    if (errors.missing()) {
+        prompter.tell(MsgLines({30, 31}));
         return;
     }
-    const QString head = gReply.left(6);
-    d->alarms.setStatusText(head.mid(3, 3));
+    const QString head = line.left(6);
+    alarms.setStatusText(head.mid(3, 3));
     // The middle character of the code is not part of the key.
     const QString key = head.mid(3, 1) + head.mid(5, 1);
-    d->alarms.showAlarm(true);
-    if (const auto entry = d->errors.find(key)) {
+    alarms.showAlarm(true);
+    if (const auto entry = errors.find(key)) {
         // The message names the error by the number the controller sent.
-        gErrorNo = head.mid(3, 3);
-        gErrorText = entry->text;
-        d->alarms.setStatusText(gErrorText);
-        gErrorFound = true;
+        decoded.number = head.mid(3, 3);
+        decoded.text = entry->text;
+        alarms.setStatusText(decoded.text);
+        decoded.found = true;
         return;
     }
-    d->alarms.setStatusText(Msg(32));
+    alarms.setStatusText(Msg(32));
+}
+
+LinkOutcome::Error Link::ErrorCheck(const QString& reply)
+{
+    d->decodeErrorLine(reply);
+    return d->decoded;
 }

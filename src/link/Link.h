@@ -1,5 +1,7 @@
 #pragma once
 
+#include "link/LinkOutcome.h"
+
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -13,8 +15,6 @@ class SerialPort;
 
 // The controller link: owns the serial port and the state of the one
 // transaction that may be in flight, and runs SendRecvCommand.
-//
-// Public members carry the names the rest of the program knows them by.
 class Link : public QObject {
     Q_OBJECT
 public:
@@ -52,33 +52,24 @@ public:
     QString deviceOf(int n) const;
 
     // --- transaction -------------------------------------------------------
-    // Writes command + data + CR LF, waits for the reply line or gTimeoutMs,
-    // checks echo and length, shows any failure, and returns 0 (reply in
-    // gReply) or 1. An error line the controller sent on its own as the
-    // request went out is decoded and told, and is not taken for the reply.
-    // The device going away ends the wait at once. A second call while one
-    // is in flight is refused with 1 and a notice that is not waited for.
-    int SendRecvCommand(const QString& command, int expectedLength, const QString& data);
+    // Writes command + data + CR LF, waits for the reply line or the
+    // time-out, checks echo and length, shows any failure, and says what
+    // happened. An error line the controller sent on its own as the request
+    // went out is decoded and told, and is not taken for the reply. The
+    // device going away ends the wait at once. A second call while one is in
+    // flight is refused with a notice that is not waited for.
+    LinkOutcome SendRecvCommand(const QString& command, int expectedLength, const QString& data);
     bool busy() const;
 
-    // Decodes the error reply in gReply: lamps, lblstatus, gErrorFound,
-    // gErrorText, gErrorNo.
-    void ErrorCheck();
+    // The reply time-out of the following transactions (gTimeoutMs).
+    void setTimeoutMs(int ms);
+    int timeoutMs() const;
+    // The last complete line received, and what has come in of the next.
+    QString lastReply() const;
+    QString pendingInput() const;
 
-    // --- transaction state -------------------------------------------------
-    qint16 gTimeoutMs = 2000;
-    bool gTimedOut = false;
-    bool gReplyReceived = false;
-    QString gRxBuffer;
-    QString gReply;
-    bool gCommError = false;
-    bool gErrorReply = false;
-    QString gLastErrorReply;
-    bool gErrorFound = false;
-    QString gErrorText;
-    QString gErrorNo;              // the code of the last error found in the list
-    bool gCloseAfterError = false; // never set; its test is kept
-    bool gAbortWait = false;       // set when the program is closing
+    // Decodes an error reply: lamps and lblstatus, and what the list says.
+    LinkOutcome::Error ErrorCheck(const QString& reply);
 
 signals:
     // Every frame written and every line completed, for --trace and the

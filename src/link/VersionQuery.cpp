@@ -37,7 +37,7 @@ int VersionQuery::query()
     if (commands.CheckCommunication() != 0)
         return 1;
     if (commands.ReadVersion() != 0) {
-        if (!m_context.link.gErrorReply || commands.ReadVersionOld() != 0)
+        if (commands.outcome().kind() != LinkOutcome::Kind::ErrorReply || commands.ReadVersionOld() != 0)
             return 1;
     }
     takeReply();

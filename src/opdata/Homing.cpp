@@ -8,12 +8,16 @@
 #include "link/Link.h"
 #include "link/Prompter.h"
 #include "link/SequenceContext.h"
+#include "link/SequenceGuard.h"
 #include "opdata/OpDataLog.h"
 #include "opdata/OpDataView.h"
 
 #include <QScopedValueRollback>
 
 namespace {
+
+using Step = SequenceGuard::Step;
+const SequenceGuard::Bracket Held{{Step::HomeButtons, Step::Tabs, Step::Menus, Step::Busy}, {Step::ClosePort, Step::HomeButtons, Step::Tabs, Step::Menus, Step::Busy}};
 
 constexpr int HomePoint = 0;
 constexpr int StatusMoving = 0;
@@ -35,22 +39,9 @@ int Homing::run()
         return 1;
     const QScopedValueRollback running(m_running, true);
     m_stopRequest = false;
-    ProgramState& ps = ProgramState::instance();
-
-    m_ctx.lock.HOMEBTN_Muko();
-    m_ctx.lock.setTabsEnabled(false);
-    m_ctx.lock.Menyu_Muko();
-    ps.gCommBusy = true;
+    const SequenceGuard guard(m_ctx.lock, &m_ctx.link, Held);
     m_view.setResetEnabled(false);
-
-    const int result = steps();
-
-    m_ctx.link.CloseCommPort();
-    m_ctx.lock.HOMEBTN_Yuko();
-    m_ctx.lock.setTabsEnabled(true);
-    m_ctx.lock.Menyu_Yuko();
-    ps.gCommBusy = false;
-    return result;
+    return steps();
 }
 
 int Homing::steps()
@@ -101,9 +92,9 @@ void Homing::homeMoveFailed()
 {
     m_ctx.link.CloseCommPort();
     m_view.setHomeEnabled(true);
-    const QString reply = m_ctx.link.gReply;
+    const QString reply = m_ctx.commands.reply();
     if (reply.startsWith(QLatin1String("0%%"))) {
-        m_ctx.link.ErrorCheck();
+        m_ctx.link.ErrorCheck(reply);
         if (reply.startsWith(QLatin1String("0%%0B")))
             qCInfo(lcOpData) << "homing refused by the controller:" << reply.trimmed();
     }

@@ -9,12 +9,16 @@
 #include "link/Link.h"
 #include "link/Prompter.h"
 #include "link/SequenceContext.h"
+#include "link/SequenceGuard.h"
 #include "opdata/MoveTestState.h"
 #include "opdata/OpDataView.h"
 
 #include <QScopedValueRollback>
 
 namespace {
+
+using Step = SequenceGuard::Step;
+const SequenceGuard::Bracket Held{{Step::MoveButtons, Step::Tabs, Step::Menus, Step::Busy}, {Step::Busy, Step::MoveButtons, Step::Tabs, Step::Menus}};
 
 // Test moves always go to point 1; the range check of a point number is
 // kept for the day the point can be chosen.
@@ -59,20 +63,8 @@ MoveRun::Result MoveRun::run()
     if (m_running)
         return Result::Failed;
     const QScopedValueRollback running(m_running, true);
-    ProgramState& ps = ProgramState::instance();
-
-    m_ctx.lock.MoveCMDBTN_Muko();
-    m_ctx.lock.setTabsEnabled(false);
-    m_ctx.lock.Menyu_Muko();
-    ps.gCommBusy = true;
-
-    const Result result = steps();
-
-    ps.gCommBusy = false;
-    m_ctx.lock.MoveCMDBTN_Yuko();
-    m_ctx.lock.setTabsEnabled(true);
-    m_ctx.lock.Menyu_Yuko();
-    return result;
+    const SequenceGuard guard(m_ctx.lock, nullptr, Held);
+    return steps();
 }
 
 void MoveRun::stop()

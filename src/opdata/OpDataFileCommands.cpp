@@ -5,6 +5,7 @@
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
 #include "link/Prompter.h"
+#include "link/SequenceGuard.h"
 #include "opdata/OpDataFile.h"
 #include "opdata/OpDataHyoji.h"
 #include "opdata/OpDataState.h"
@@ -12,6 +13,10 @@
 #include "opdata/OpDataView.h"
 
 namespace {
+
+using Step = SequenceGuard::Step;
+const SequenceGuard::Bracket Held{{Step::CommandButtons, Step::Menus, Step::Busy},
+                                  {Step::Busy, Step::CommandButtons, Step::Menus}};
 
 constexpr int OpenTitle = 364;
 constexpr int SaveTitle = 406;
@@ -41,25 +46,10 @@ OpDataFileCommands::OpDataFileCommands(Prompter& prompter, ControlLock& lock,
 {
 }
 
-void OpDataFileCommands::lockControls()
-{
-    m_lock.CMDBTN_Muko();
-    m_lock.Menyu_Muko();
-    ProgramState::instance().gCommBusy = true;
-}
-
-void OpDataFileCommands::unlockControls()
-{
-    ProgramState::instance().gCommBusy = false;
-    m_lock.CMDBTN_Yuko();
-    m_lock.Menyu_Yuko();
-}
-
 void OpDataFileCommands::Open()
 {
-    lockControls();
+    const SequenceGuard guard(m_lock, nullptr, Held);
     openSteps();
-    unlockControls();
 }
 
 int OpDataFileCommands::openSteps()
@@ -87,9 +77,8 @@ int OpDataFileCommands::openSteps()
 
 void OpDataFileCommands::SaveAs()
 {
-    lockControls();
+    const SequenceGuard guard(m_lock, nullptr, Held);
     saveAsSteps();
-    unlockControls();
 }
 
 int OpDataFileCommands::saveAsSteps()

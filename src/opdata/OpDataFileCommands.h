@@ -32,8 +32,6 @@ public:
 
 private:
     int openSteps();
-    void lockControls();
-    void unlockControls();
 
     Prompter& m_prompter;
     ControlLock& m_lock;

@@ -7,6 +7,7 @@
 #include "link/Link.h"
 #include "link/Prompter.h"
 #include "link/SequenceContext.h"
+#include "link/SequenceGuard.h"
 #include "opdata/OpDataFileCommands.h"
 #include "opdata/OpDataHyoji.h"
 #include "opdata/OpDataRecord.h"
@@ -15,6 +16,9 @@
 #include "opdata/TransferProgress.h"
 
 namespace {
+
+using Step = SequenceGuard::Step;
+const SequenceGuard::Bracket Held{{Step::CommandButtons, Step::Tabs, Step::Menus, Step::Busy, Step::Own}, {Step::ClosePort, Step::Own, Step::Busy, Step::CommandButtons, Step::Tabs, Step::Menus}};
 
 constexpr int SaveBeforeReading = 369;
 constexpr int NotSavedNotRead = 5000;
@@ -35,27 +39,21 @@ ReadFromCt::ReadFromCt(SequenceContext& ctx, OpDataState& state, OpDataView& vie
 
 void ReadFromCt::run()
 {
-    ProgramState& ps = ProgramState::instance();
-    m_ctx.lock.CMDBTN_Muko();
-    m_ctx.lock.setTabsEnabled(false);
-    m_ctx.lock.Menyu_Muko();
-    ps.gCommBusy = true;
-    m_view.setSpeedChoiceEnabled(false);
+    const bool exchanged = heldSteps();
+    if (exchanged && !m_ctx.commands.outcome().commError())
+        showChoicesFromValues();
+    m_state.mEventsOff = false;
+}
 
+// True when the user let the read go ahead.
+bool ReadFromCt::heldSteps()
+{
+    const SequenceGuard guard(m_ctx.lock, &m_ctx.link, Held,
+                              [this](bool enabled) { m_view.setSpeedChoiceEnabled(enabled); });
     const bool exchanged = askFirst();
     if (exchanged && ReadPosidataFromCt() == 0)
         showReadData();
-
-    m_ctx.link.CloseCommPort();
-    m_view.setSpeedChoiceEnabled(true);
-    ps.gCommBusy = false;
-    m_ctx.lock.CMDBTN_Yuko();
-    m_ctx.lock.setTabsEnabled(true);
-    m_ctx.lock.Menyu_Yuko();
-
-    if (exchanged && !m_ctx.link.gCommError)
-        showChoicesFromValues();
-    m_state.mEventsOff = false;
+    return exchanged;
 }
 
 // Unsaved edits are offered a save first; otherwise the read is confirmed.

@@ -17,6 +17,7 @@ public:
     int ReadPosidataFromCt();
 
 private:
+    bool heldSteps();
     bool askFirst();
     bool saveFirst();
     void showReadData();

@@ -7,6 +7,7 @@
 #include "link/Link.h"
 #include "link/Prompter.h"
 #include "link/SequenceContext.h"
+#include "link/SequenceGuard.h"
 #include "opdata/OpDataRecord.h"
 #include "opdata/OpDataState.h"
 #include "opdata/OpDataTorikomi.h"
@@ -14,6 +15,9 @@
 #include "opdata/TransferProgress.h"
 
 namespace {
+
+using Step = SequenceGuard::Step;
+const SequenceGuard::Bracket Held{{Step::CommandButtons, Step::Tabs, Step::Menus, Step::Busy}, {Step::ClosePort, Step::CommandButtons, Step::Tabs, Step::Menus, Step::Busy}};
 
 constexpr int WriteConfirm = 375;
 constexpr int StatusFailed = 377;
@@ -35,21 +39,15 @@ WriteToCt::WriteToCt(SequenceContext& ctx, OpDataState& state, OpDataView& view)
 
 int WriteToCt::run()
 {
-    ProgramState& ps = ProgramState::instance();
-    m_ctx.lock.CMDBTN_Muko();
-    m_ctx.lock.setTabsEnabled(false);
-    m_ctx.lock.Menyu_Muko();
-    ps.gCommBusy = true;
-
-    const int result = steps();
-
-    m_ctx.link.CloseCommPort();
-    m_ctx.lock.CMDBTN_Yuko();
-    m_ctx.lock.setTabsEnabled(true);
-    m_ctx.lock.Menyu_Yuko();
-    ps.gCommBusy = false;
-    ps.gDataChanged = false;
+    const int result = heldSteps();
+    ProgramState::instance().gDataChanged = false;
     return result;
+}
+
+int WriteToCt::heldSteps()
+{
+    const SequenceGuard guard(m_ctx.lock, &m_ctx.link, Held);
+    return steps();
 }
 
 int WriteToCt::steps()
@@ -89,7 +87,6 @@ int WriteToCt::WritePosidataToCt()
     if (sent.left(EchoLength) != m_ctx.commands.reply().left(EchoLength)) {
         progress.hide();
         m_ctx.link.CloseCommPort();
-        m_ctx.link.gCommError = true;
         m_ctx.prompter.tell(MsgLines({384, 0, 385}), Prompter::Icon::Exclamation);
         return 1;
     }

@@ -19,6 +19,7 @@ public:
     int WritePosidataToCt();
 
 private:
+    int heldSteps();
     int steps();
 
     SequenceContext& m_ctx;

@@ -1,9 +1,13 @@
 #pragma once
 
-#include "common/ControlLock.h"
-#include "common/ProgramState.h"
-#include "link/Link.h"
 #include "link/SequenceContext.h"
+#include "link/SequenceGuard.h"
+
+inline const SequenceGuard::Bracket ParaTransaction{
+    {SequenceGuard::Step::Menus, SequenceGuard::Step::ParaButtons, SequenceGuard::Step::Tabs,
+     SequenceGuard::Step::Busy},
+    {SequenceGuard::Step::Busy, SequenceGuard::Step::ClosePort, SequenceGuard::Step::Tabs,
+     SequenceGuard::Step::ParaButtons, SequenceGuard::Step::Menus}};
 
 // Runs a parameter command that talks to the controller with the menus, the
 // parameter commands and the tab strip disabled and the link marked busy;
@@ -12,14 +16,6 @@
 template<typename Sequence>
 void runParaTransaction(SequenceContext& ctx, Sequence&& sequence)
 {
-    ctx.lock.Menyu_Muko();
-    ctx.lock.ParaCMDBTN_Muko();
-    ctx.lock.setTabsEnabled(false);
-    ProgramState::instance().gCommBusy = true;
+    const SequenceGuard guard(ctx.lock, &ctx.link, ParaTransaction);
     sequence();
-    ProgramState::instance().gCommBusy = false;
-    ctx.link.CloseCommPort();
-    ctx.lock.setTabsEnabled(true);
-    ctx.lock.ParaCMDBTN_Yuko();
-    ctx.lock.Menyu_Yuko();
 }

@@ -28,9 +28,8 @@ void ParaVerifyCommand::cmdConpareCT_Click(const ParaScreen& screen)
 
 void ParaVerifyCommand::cmdConpareFile_Click(const ParaScreen& screen)
 {
-    m_ctx.lock.Menyu_Muko();
+    const SequenceGuard guard(m_ctx.lock, nullptr, SequenceGuard::MenusOnly);
     CompareWithFile(screen);
-    m_ctx.lock.Menyu_Yuko();
 }
 
 void ParaVerifyCommand::CompareWithController(const ParaScreen& screen)

@@ -135,7 +135,6 @@ bool ParaWriteCommand::replyEchoes(const QString& echo)
 {
     if (m_ctx.commands.reply().startsWith(echo))
         return true;
-    m_ctx.link.gCommError = true;
     m_ctx.prompter.tell(Msg(384));
     return false;
 }

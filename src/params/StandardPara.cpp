@@ -8,6 +8,7 @@
 #include "common/RuntimeError.h"
 #include "device/DeviceSelector.h"
 #include "link/Prompter.h"
+#include "link/SequenceGuard.h"
 #include "params/ActuatorSize.h"
 #include "params/ParaData.h"
 #include "params/ParaEntries.h"
@@ -37,9 +38,8 @@ StandardPara::StandardPara(ControlLock& lock, Prompter& prompter, DeviceSelector
 
 void StandardPara::cmdIniPrm_Click(ParaData& data, ParaScreen& screen)
 {
-    m_lock.Menyu_Muko();
+    const SequenceGuard guard(m_lock, nullptr, SequenceGuard::MenusOnly);
     SetStandardPara(data, screen);
-    m_lock.Menyu_Yuko();
 }
 
 void StandardPara::SetStandardPara(ParaData& data, ParaScreen& screen)

@@ -5,6 +5,7 @@
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
 #include "link/Prompter.h"
+#include "link/SequenceGuard.h"
 #include "params/CtParaImage.h"
 #include "params/ParaData.h"
 #include "params/ParaFile.h"
@@ -47,11 +48,10 @@ int ParaPrintCommands::ReadPrintList(const QString& path, Prompter& prompter, Pr
 
 void ParaPrintCommands::whileLocked(const std::function<void()>& command)
 {
-    m_lock.setTabsEnabled(false);
-    m_lock.Menyu_Muko();
+    using Step = SequenceGuard::Step;
+    static const SequenceGuard::Bracket held{{Step::Tabs, Step::Menus}, {Step::Menus, Step::Tabs}};
+    const SequenceGuard guard(m_lock, nullptr, held);
     command();
-    m_lock.Menyu_Yuko();
-    m_lock.setTabsEnabled(true);
 }
 
 void ParaPrintCommands::printShown(ParaData& data, const ParaScreen& screen)

@@ -42,7 +42,7 @@ struct PtyLink : LinkRig<QtSerialPort> {
         ProgramState::instance().gPortOccupy = true;
         errors.Get_ErrorList(prompter);
         link.setPortName(device);
-        link.gTimeoutMs = 300;
+        link.setTimeoutMs(300);
     }
 };
 
@@ -89,7 +89,7 @@ private slots:
             adapter.line().receive(5, 1000);
             adapter.pull();
         });
-        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+        QVERIFY(!rig.link.SendRecvCommand("0RA", 6, "").ok());
         QCOMPARE(rig.prompter.texts(), QStringList{PortLost});
         QVERIFY(!rig.link.busy());
         QVERIFY(!rig.link.isPortOpen());
@@ -98,8 +98,8 @@ private slots:
             QVERIFY(adapter.plugIn());
             rig.prompter.clear();
             QTimer::singleShot(0, [&] { adapter.line().answer("0RA", "0RA1"); });
-            QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 0);
-            QCOMPARE(rig.link.gReply, QStringLiteral("0RA1\r\n"));
+            QVERIFY(rig.link.SendRecvCommand("0RA", 6, "").ok());
+            QCOMPARE(rig.link.lastReply(), QStringLiteral("0RA1\r\n"));
             QVERIFY(rig.prompter.shown.isEmpty());
             QVERIFY(rig.link.isPortOpen());
 
@@ -163,15 +163,15 @@ private slots:
         QVERIFY2(sim.start(faults), sim.standardError().constData());
         PtyLink rig(sim.devicePath());
 
-        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), messages.isEmpty() ? 0 : 1);
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, "").ok(), messages.isEmpty());
         QCOMPARE(rig.prompter.texts(), messages);
         QVERIFY(!rig.link.busy());
 
         // The late answer arriving meanwhile must not pass for the next reply.
         QTest::qWait(200);
         rig.prompter.clear();
-        QCOMPARE(rig.link.SendRecvCommand("0RV", 11, ""), 0);
-        QCOMPARE(rig.link.gReply, QStringLiteral("0RVK01100\r\n"));
+        QVERIFY(rig.link.SendRecvCommand("0RV", 11, "").ok());
+        QCOMPARE(rig.link.lastReply(), QStringLiteral("0RVK01100\r\n"));
         QVERIFY(rig.prompter.shown.isEmpty());
     }
 
@@ -192,13 +192,13 @@ private slots:
         QCOMPARE(rig.link.OpenCommPort(), 0);
         QObject::connect(&rig.port, &SerialPort::readyRead, [] { Waiter::wake(); });
         if (cut)
-            QCOMPARE(Waiter::waitUntil([&] { return !rig.link.gRxBuffer.isEmpty(); }, 5000), Waiter::Result::Done);
+            QCOMPARE(Waiter::waitUntil([&] { return !rig.link.pendingInput().isEmpty(); }, 5000), Waiter::Result::Done);
         else
             QThread::msleep(400);
 
-        QCOMPARE(rig.link.SendRecvCommand("0RV", 11, ""), 0);
+        QVERIFY(rig.link.SendRecvCommand("0RV", 11, "").ok());
 
-        QCOMPARE(rig.link.gReply, QStringLiteral("0RVK01100\r\n"));
+        QCOMPARE(rig.link.lastReply(), QStringLiteral("0RVK01100\r\n"));
         QCOMPARE(rig.prompter.texts(), QStringList{"The controller reported an error of its own accord (not in reply to "
                                                    "a command).\r\nCommunication error occurs!\r\nError No.301\r\n"
                                                    "[301: Overload alarm.]"});

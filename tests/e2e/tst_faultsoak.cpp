@@ -113,6 +113,8 @@ private slots:
         SimSerialPort port;
         Link link(port, prompter, alarms, errors);
         link.setPortName(QStringLiteral("simulator"));
+        bool lineCame = false;
+        QObject::connect(&link, &Link::lineReceived, [&] { lineCame = true; });
 
         QRandomGenerator random(Seed);
         QHash<QString, int> seen;
@@ -125,10 +127,12 @@ private slots:
             const FaultKind& kind = drawFault(random);
             port.controller().setFaults(faultsFor(kind, QString::fromLatin1(request.command).mid(1, 2)));
             prompter.clear();
-            link.gTimeoutMs = TimeoutMs;
+            link.setTimeoutMs(TimeoutMs);
 
-            const int result = link.SendRecvCommand(QLatin1String(request.command), request.length,
-                                                    QLatin1String(request.data));
+            const bool ok = link.SendRecvCommand(QLatin1String(request.command), request.length,
+                                                 QLatin1String(request.data))
+                                .ok();
+            lineCame = false;
 
             const QString where = QStringLiteral("transaction %1 (seed %2): %3%4 with %5")
                                       .arg(n)
@@ -136,13 +140,13 @@ private slots:
                                       .arg(QLatin1String(request.command),
                                            QLatin1String(request.data), QLatin1String(kind.name));
             const QStringList expected = kind.told.isEmpty() ? QStringList{} : QStringList{kind.told};
-            QVERIFY2(!link.busy() && result == int(!kind.told.isEmpty()) && prompter.texts() == expected,
+            QVERIFY2(!link.busy() && ok == kind.told.isEmpty() && prompter.texts() == expected,
                      qPrintable(where + QStringLiteral(": told ") + prompter.texts().join(u'|')));
             ++seen[QLatin1String(kind.name)];
 
             // The answer that missed its time arrives before the next request.
             if (kind.option.contains(QString::number(TooLateMs)))
-                QVERIFY2(Waiter::waitUntil([&] { return link.gReplyReceived; }, 2000) == Waiter::Result::Done,
+                QVERIFY2(Waiter::waitUntil([&] { return lineCame; }, 2000) == Waiter::Result::Done,
                          qPrintable(where));
             if (n == WarmUp) {
                 residentAfterWarmUp = residentBytes();

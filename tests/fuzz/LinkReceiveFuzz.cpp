@@ -176,10 +176,10 @@ public:
     void unsolicited(const QByteArray& bytes)
     {
         const int shownBefore = prompter.count;
-        const QString before = link.gReply;
+        const QString before = link.lastReply();
         port.arrive(bytes);
         checkBuffers();
-        if (link.gReply != before && link.gReply.startsWith(u"0%%"))
+        if (link.lastReply() != before && link.lastReply().startsWith(u"0%%"))
             FUZZ_CHECK(alarms.alarm || prompter.count > shownBefore);
     }
 
@@ -187,29 +187,27 @@ public:
     bool transact(const Request& request, int timeoutMs)
     {
         const int shownBefore = prompter.count;
-        link.gTimeoutMs = qint16(timeoutMs);
+        link.setTimeoutMs(timeoutMs);
         // A silent controller after a length error would be waited for
         // without end; the "user" closes the program instead.
         watchdog.start(timeoutMs + 5);
-        const int result = link.SendRecvCommand(QLatin1String(request.command), request.expectedLength,
-                                                QLatin1String(request.data));
+        const LinkOutcome outcome = link.SendRecvCommand(QLatin1String(request.command),
+                                                         request.expectedLength, QLatin1String(request.data));
         watchdog.stop();
         FUZZ_CHECK(!link.busy());
-        FUZZ_CHECK(result == 0 || result == 1);
         checkBuffers();
         if (Waiter::aborted()) {
-            FUZZ_CHECK(result == 1);
+            FUZZ_CHECK(outcome.kind() == LinkOutcome::Kind::Aborted);
             Waiter::clearAbort();
             return false;
         }
-        if (result == 1) {
+        if (!outcome.ok()) {
             FUZZ_CHECK(prompter.count > shownBefore);
             return true;
         }
-        const QString& reply = link.gReply;
+        const QString& reply = outcome.reply();
         FUZZ_CHECK(reply.left(3) == QLatin1String(request.command));
         FUZZ_CHECK(reply.size() == request.expectedLength);
-        FUZZ_CHECK(!link.gErrorReply);
         // Error lines the controller sent on its own before the reply are
         // told and keep the lamp as they set it; otherwise the reply puts it out.
         if (prompter.count == shownBefore)
@@ -224,8 +222,8 @@ private:
     // A complete line never stays in the receive buffer.
     void checkBuffers() const
     {
-        FUZZ_CHECK(!link.gRxBuffer.endsWith(QLatin1String("\r\n")));
-        FUZZ_CHECK(link.gReply.isEmpty() || link.gReply.endsWith(QLatin1String("\r\n")));
+        FUZZ_CHECK(!link.pendingInput().endsWith(QLatin1String("\r\n")));
+        FUZZ_CHECK(link.lastReply().isEmpty() || link.lastReply().endsWith(QLatin1String("\r\n")));
     }
 
     CountingPrompter prompter;

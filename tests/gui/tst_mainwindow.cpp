@@ -344,7 +344,7 @@ private slots:
         MainWindow w;
         w.usePrompter(prompter);
         Link& link = w.session().link();
-        link.gTimeoutMs = 50;
+        link.setTimeoutMs(50);
         link.setPortNaming([](int) { return QString(); });
         w.Form_Load();
         // A number in range is read again from the store when the dialog opens.

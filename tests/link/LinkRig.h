@@ -29,7 +29,7 @@ struct LinkRig {
         ProgramState::instance().gLanguage = 2;
         ProgramState::instance().gPortOccupy = false;
         link.setPortNaming([](int n) { return QStringLiteral("port%1").arg(n); });
-        link.gTimeoutMs = 100;
+        link.setTimeoutMs(100);
         loadErrors("3\r\n\"11\",\"Unknown command.\"\r\n\"03\",\"Homing refused.\"\r\n"
                    "\"31\",\"Overload alarm.\"\r\n");
     }

@@ -67,7 +67,7 @@ private slots:
         QCOMPARE(routine(commands), 0);
 
         QCOMPARE(rig.port.frames, Frames{frame});
-        QTEST(int(rig.link.gTimeoutMs), "timeoutMs");
+        QTEST(rig.link.timeoutMs(), "timeoutMs");
         QCOMPARE(commands.reply(), QString::fromLatin1(reply));
         QVERIFY(rig.prompter.shown.isEmpty());
     }

@@ -92,10 +92,9 @@ private slots:
             keys.insert(entry.key);
         }
         for (const char* code : {"101", "102", "103", "104", "201", "0B3", "301", "302", "303"}) {
-            rig.link.gReply = QStringLiteral("0%%") + QLatin1String(code) + QStringLiteral("\r\n");
-            rig.link.ErrorCheck();
-            QVERIFY2(rig.link.gErrorFound, code);
-            QVERIFY2(rig.link.gErrorText.contains(QLatin1String(code)), code);
+            const LinkOutcome::Error error = rig.link.ErrorCheck(QStringLiteral("0%%") + QLatin1String(code));
+            QVERIFY2(error.found, code);
+            QVERIFY2(error.text.contains(QLatin1String(code)), code);
         }
     }
 };

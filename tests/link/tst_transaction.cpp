@@ -19,41 +19,87 @@ using Frames = QList<QByteArray>;
 
 } // namespace
 
+Q_DECLARE_METATYPE(LinkOutcome::Kind)
+
 class TestTransaction : public QObject {
     Q_OBJECT
 
 private slots:
     void cleanup() { Waiter::clearAbort(); }
 
-    // However the line is cut, the reply is whole and clears the lamp.
-    void acceptedReply_data()
+    // Every way a transaction ends on its own, told where found: the reply
+    // however it is cut, no reply, a wrong length or echo (then "0CM6"'s
+    // answer decides what is told), an error reply. The port is released on
+    // a failure unless an error reply came or it is held; the next command
+    // opens it again.
+    void outcomes_data()
     {
-        QTest::addColumn<Frames>("chunks");
-        QTest::addColumn<int>("expectedLength");
-        QTest::addColumn<QString>("reply");
-        QTest::newRow("one read") << Frames{"0RA1\r\n"} << 6 << "0RA1\r\n";
+        QTest::addColumn<Frames>("answer");
+        QTest::addColumn<QByteArray>("checkAnswer");
+        QTest::addColumn<int>("length");
+        QTest::addColumn<bool>("occupy");
+        QTest::addColumn<LinkOutcome::Kind>("kind");
+        QTest::addColumn<QString>("told");
+        QTest::addColumn<bool>("portOpen");
+        QTest::addColumn<QString>("status");
+        using K = LinkOutcome::Kind;
+        const QString overload = QStringLiteral("Communication error occurs!\r\nError No.301\r\n[Overload alarm.]");
+        QTest::newRow("one read") << Frames{"0RA1\r\n"} << QByteArray() << 6 << false << K::Ok << "" << true << " ";
         QTest::newRow("one character per read")
-            << Frames{"0", "R", "A", "1", "\r", "\n"} << 6 << "0RA1\r\n";
+            << Frames{"0", "R", "A", "1", "\r", "\n"} << QByteArray() << 6 << false << K::Ok << "" << true << " ";
         QTest::newRow("text after a CR LF inside a read stays in the line")
-            << Frames{"0RA1\r\nX", "Y\r\n"} << 10 << "0RA1\r\nXY\r\n";
+            << Frames{"0RA1\r\nX", "Y\r\n"} << QByteArray() << 10 << false << K::Ok << "" << true << " ";
+        QTest::newRow("time-out") << Frames{} << QByteArray() << 6 << false << K::TimedOut << TimedOut << false << "";
+        QTest::newRow("time-out, port held") << Frames{} << QByteArray() << 6 << true << K::TimedOut << TimedOut << true << "";
+        QTest::newRow("wrong length") << Frames{"0RA12\r\n"} << QByteArray("0CM6\r\n") << 6 << false << K::WrongReply
+                                      << LengthError << false << "";
+        QTest::newRow("wrong length, port held") << Frames{"0RA12\r\n"} << QByteArray("0CM6\r\n") << 6 << true
+                                                 << K::WrongReply << LengthError << true << "";
+        QTest::newRow("check answered with an error") << Frames{"0RA12\r\n"} << QByteArray("0%%101\r\n") << 6 << false
+                                                      << K::ErrorReply << UnknownText << true << "Unknown command.";
+        QTest::newRow("wrong echo, no answer")
+            << Frames{"0RD1\r\n"} << QByteArray() << 6 << false << K::WrongReply << LengthError << false << "";
+        QTest::newRow("error reply") << Frames{"0%%301\r\n"} << QByteArray() << 6 << false << K::ErrorReply << overload
+                                     << true << "Overload alarm.";
     }
-    void acceptedReply()
+    void outcomes()
     {
-        QFETCH(Frames, chunks);
-        QFETCH(int, expectedLength);
+        QFETCH(Frames, answer);
+        QFETCH(QByteArray, checkAnswer);
+        QFETCH(int, length);
+        QFETCH(LinkOutcome::Kind, kind);
+        QFETCH(QString, told);
+        QFETCH(bool, portOpen);
+        QFETCH(QString, status);
         LinkRig rig;
+        QFETCH(bool, occupy);
+        ProgramState::instance().gPortOccupy = occupy;
         rig.alarms.alarm = true;
-        rig.port.answer("0RA", chunks);
+        if (!answer.isEmpty())
+            rig.port.answer("0RA", answer);
+        if (!checkAnswer.isEmpty())
+            rig.port.answer("0CM6", checkAnswer);
+        QElapsedTimer clock;
+        clock.start();
 
-        QCOMPARE(rig.link.SendRecvCommand("0RA", expectedLength, ""), 0);
+        const LinkOutcome outcome = rig.link.SendRecvCommand("0RA", length, "");
 
-        QTEST(rig.link.gReply, "reply");
-        QVERIFY(rig.link.gRxBuffer.isEmpty());
-        QCOMPARE(rig.port.frames, Frames{"0RA"});
-        QVERIFY(!rig.alarms.alarm);
-        QCOMPARE(rig.alarms.status, QStringLiteral(" "));
-        QVERIFY(rig.link.isPortOpen());
-        QVERIFY(rig.prompter.shown.isEmpty());
+        QVERIFY(clock.elapsed() < 2000);
+        QCOMPARE(outcome.kind(), kind);
+        QCOMPARE(outcome.ok(), told.isEmpty());
+        const bool checked = !answer.isEmpty() && !outcome.ok() && !answer[0].startsWith("0%%");
+        QCOMPARE(rig.port.frames, (checked ? Frames{"0RA", "0CM6"} : Frames{"0RA"}));
+        QCOMPARE(rig.prompter.texts(), told.isEmpty() ? QStringList{} : QStringList{told});
+        QCOMPARE(rig.alarms.alarm, status != QStringLiteral(" "));
+        QCOMPARE(rig.alarms.status, status);
+        if (kind == LinkOutcome::Kind::Ok)
+            QCOMPARE(outcome.reply(), QString::fromLatin1(answer.join()));
+        QCOMPARE(outcome.error().text, kind == LinkOutcome::Kind::ErrorReply ? status : QString());
+        QVERIFY(rig.link.pendingInput().isEmpty());
+        QCOMPARE(rig.link.isPortOpen(), portOpen);
+        rig.port.answer("0RA", "0RA1\r\n");
+        QVERIFY(rig.link.SendRecvCommand("0RA", 6, "").ok());
+        QCOMPARE(rig.port.opened.size(), portOpen ? 1 : 2);
     }
 
     // What came before the request is not its reply: an error line among it
@@ -63,17 +109,17 @@ private slots:
         QTest::addColumn<QByteArray>("before");
         QTest::addColumn<bool>("read");
         QTest::addColumn<Frames>("after");
-        QTest::addColumn<int>("result");
+        QTest::addColumn<bool>("ok");
         QTest::addColumn<QStringList>("told");
         const QStringList own{OwnErrorText};
-        QTest::newRow("late answer") << QByteArray("0RA1\r\n") << false << Frames{"0RA2\r\n"} << 0 << QStringList{};
-        QTest::newRow("whole error line") << QByteArray("0%%301\r\n") << false << Frames{"0RA2\r\n"} << 0 << own;
-        QTest::newRow("error line cut") << QByteArray("0%%3") << true << Frames{"01\r\n", "0RA2\r\n"} << 0 << own;
-        QTest::newRow("cut after one character") << QByteArray("0") << true << Frames{"%%301\r\n0RA2\r\n"} << 0 << own;
+        QTest::newRow("late answer") << QByteArray("0RA1\r\n") << false << Frames{"0RA2\r\n"} << true << QStringList{};
+        QTest::newRow("whole error line") << QByteArray("0%%301\r\n") << false << Frames{"0RA2\r\n"} << true << own;
+        QTest::newRow("error line cut") << QByteArray("0%%3") << true << Frames{"01\r\n", "0RA2\r\n"} << true << own;
+        QTest::newRow("cut after one character") << QByteArray("0") << true << Frames{"%%301\r\n0RA2\r\n"} << true << own;
         QTest::newRow("noise") << QByteArray("\xff"
                                              "0")
-                               << true << Frames{"0RA2\r\n"} << 0 << QStringList{};
-        QTest::newRow("then an error reply") << QByteArray("0") << false << Frames{"0%%301\r\n"} << 1
+                               << true << Frames{"0RA2\r\n"} << true << QStringList{};
+        QTest::newRow("then an error reply") << QByteArray("0") << false << Frames{"0%%301\r\n"} << false
                                              << QStringList{"Communication error occurs!\r\nError No.301\r\n[Overload alarm.]"};
     }
     void inputBeforeTheRequest()
@@ -85,14 +131,14 @@ private slots:
         QCOMPARE(rig.link.OpenCommPort(), 0);
         if (read) {
             rig.port.deliver({before});
-            QTRY_COMPARE(rig.link.gRxBuffer, QString::fromLatin1(before));
+            QTRY_COMPARE(rig.link.pendingInput(), QString::fromLatin1(before));
         } else {
             rig.port.preload(before);
         }
         QFETCH(Frames, after);
         rig.port.answer("0RA", after);
 
-        QTEST(rig.link.SendRecvCommand("0RA", 6, ""), "result");
+        QTEST(rig.link.SendRecvCommand("0RA", 6, "").ok(), "ok");
 
         QCOMPARE(rig.port.frames, Frames{"0RA"});
         QCOMPARE(rig.prompter.texts(), told);
@@ -123,16 +169,14 @@ private slots:
         ProgramState::instance().gMsgBase = msgBase;
         for (const QByteArray& reply : replies) {
             rig.port.answer("0RA", reply);
-            QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+            const LinkOutcome outcome = rig.link.SendRecvCommand("0RA", 6, "");
+            QCOMPARE(outcome.kind(), LinkOutcome::Kind::ErrorReply);
+            QCOMPARE(outcome.reply(), QString::fromLatin1(reply));
         }
 
         QTEST(rig.prompter.lastText(), "told");
-        QVERIFY(rig.link.gErrorReply);
-        QCOMPARE(rig.link.gLastErrorReply, QString::fromLatin1(replies.last()));
         QVERIFY(rig.alarms.alarm);
         QTEST(rig.alarms.status, "status");
-        QVERIFY(!rig.link.gCommError);
-        QVERIFY(rig.link.isPortOpen());
     }
 
     void errorLineOutsideATransaction()
@@ -144,56 +188,7 @@ private slots:
 
         QTRY_VERIFY(rig.alarms.alarm);
         QCOMPARE(rig.alarms.status, QStringLiteral("Overload alarm."));
-        QVERIFY(rig.link.gErrorReply);
         QVERIFY(rig.prompter.shown.isEmpty());
-    }
-
-    // No reply, or a wrong length or echo (then "0CM6"'s answer decides what
-    // is told); the port is released unless an error reply came or it is held.
-    void failures_data()
-    {
-        QTest::addColumn<QByteArray>("reply");
-        QTest::addColumn<QByteArray>("checkAnswer");
-        QTest::addColumn<bool>("occupy");
-        QTest::addColumn<QString>("told");
-        QTest::addColumn<bool>("portOpen");
-        const QByteArray none;
-        QTest::newRow("time-out") << none << none << false << TimedOut << false;
-        QTest::newRow("time-out, port held") << none << none << true << TimedOut << true;
-        QTest::newRow("wrong length") << QByteArray("0RA12\r\n") << QByteArray("0CM6\r\n") << false << LengthError << false;
-        QTest::newRow("wrong length, port held") << QByteArray("0RA12\r\n") << QByteArray("0CM6\r\n") << true << LengthError << true;
-        QTest::newRow("check answered with an error") << QByteArray("0RA12\r\n") << QByteArray("0%%101\r\n") << false
-                                                      << UnknownText << true;
-        QTest::newRow("wrong echo, no answer") << QByteArray("0RD1\r\n") << none << false << LengthError << false;
-    }
-    void failures()
-    {
-        QFETCH(QByteArray, reply);
-        QFETCH(QByteArray, checkAnswer);
-        QFETCH(bool, occupy);
-        QFETCH(bool, portOpen);
-        LinkRig rig;
-        ProgramState::instance().gPortOccupy = occupy;
-        if (!reply.isEmpty())
-            rig.port.answer("0RA", reply);
-        if (!checkAnswer.isEmpty())
-            rig.port.answer("0CM6", checkAnswer);
-        QElapsedTimer clock;
-        clock.start();
-
-        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
-
-        QVERIFY(clock.elapsed() < 2000);
-        QCOMPARE(rig.port.frames, (reply.isEmpty() ? Frames{"0RA"} : Frames{"0RA", "0CM6"}));
-        QFETCH(QString, told);
-        QCOMPARE(rig.prompter.texts(), QStringList{told});
-        QCOMPARE(rig.link.gCommError, told != UnknownText); // an error reply is an answer
-        QCOMPARE(rig.link.isPortOpen(), portOpen);
-        QVERIFY(!rig.link.gAbortWait);
-        rig.port.answer("0RA", "0RA1\r\n");
-        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 0);
-        QCOMPARE(rig.port.opened.size(), portOpen ? 1 : 2);
-        QVERIFY(!rig.link.gCommError);
     }
 
     // Closing ends any reply wait at once, the endless one too, silently.
@@ -217,10 +212,9 @@ private slots:
         QElapsedTimer clock;
         clock.start();
 
-        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, "").kind(), LinkOutcome::Kind::Aborted);
 
         QVERIFY(clock.elapsed() >= closeAtMs - 10 && clock.elapsed() < closeAtMs + 1000);
-        QVERIFY(rig.link.gAbortWait);
         QTEST(rig.port.frames, "sent");
         QVERIFY(rig.prompter.shown.isEmpty());
         QVERIFY(!rig.link.busy());
@@ -231,18 +225,17 @@ private slots:
     {
         LinkRig rig;
         rig.port.answer("0RA", {"0RA1\r\n"}, 80);
-        int inner = -2;
+        LinkOutcome::Kind inner = LinkOutcome::Kind::Ok;
         QTimer::singleShot(20, [&] {
-            inner = rig.link.SendRecvCommand("0CM", 6, "6");
+            inner = rig.link.SendRecvCommand("0CM", 6, "6").kind();
             rig.link.CloseCommPort();
         });
         QTest::ignoreMessage(QtCriticalMsg, QRegularExpression("refused"));
 
-        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 0);
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, "").reply(), QStringLiteral("0RA1\r\n"));
 
-        QCOMPARE(inner, 1);
+        QCOMPARE(inner, LinkOutcome::Kind::RefusedBusy);
         QCOMPARE(rig.port.frames, Frames{"0RA"});
-        QCOMPARE(rig.link.gReply, QStringLiteral("0RA1\r\n"));
         QCOMPARE(rig.prompter.texts(), QStringList{"Another command is communicating with the controller. "
                                                    "Try again when it has finished."});
     }
@@ -252,23 +245,23 @@ private slots:
     {
         LinkRig rig;
         ProgramState::instance().gPortOccupy = true;
-        rig.link.gTimeoutMs = 5000;
+        rig.link.setTimeoutMs(5000);
         QTimer::singleShot(20, &rig.port, &FakeSerialPort::pull);
         QElapsedTimer clock;
         clock.start();
 
-        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, "").kind(), LinkOutcome::Kind::PortLost);
 
         QVERIFY(clock.elapsed() < 1000);
         QVERIFY(!rig.link.isPortOpen());
         QCOMPARE(rig.prompter.texts(), QStringList{LostText + "The port has been released; the next command opens it again."});
         rig.port.answer("0RA", "0RA1\r\n");
-        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 0);
+        QVERIFY(rig.link.SendRecvCommand("0RA", 6, "").ok());
         QCOMPARE(rig.port.opened.size(), 2);
 
         rig.port.pull();
         rig.port.setRefuseAll(true);
-        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, ""), 1);
+        QCOMPARE(rig.link.SendRecvCommand("0RA", 6, "").kind(), LinkOutcome::Kind::NotOpened);
         QCOMPARE(rig.prompter.lastText(), LostText + "Failed in opening of a communication port.");
     }
 };

@@ -13,7 +13,7 @@
 struct OpDataRig : SequenceRig {
     OpDataRig()
     {
-        link.gTimeoutMs = 2000;
+        link.setTimeoutMs(2000);
         loadErrors("2\r\n\"11\",\"Unknown command.\"\r\n\"03\",\"Homing refused while an alarm is active.\"\r\n");
     }
     ~OpDataRig() { Waiter::clearAbort(); }

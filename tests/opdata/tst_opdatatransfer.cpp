@@ -114,10 +114,9 @@ private slots:
     void readFails_data()
     {
         QTest::addColumn<QByteArray>("reply");
-        QTest::addColumn<bool>("commError");
         QTest::addColumn<QString>("speedChoice");
-        QTest::newRow("wrong length") << QByteArray("0RP01") << true << "7";
-        QTest::newRow("error reply") << QByteArray("0%%101") << false << "30";
+        QTest::newRow("wrong length") << QByteArray("0RP01") << "7";
+        QTest::newRow("error reply") << QByteArray("0%%101") << "30";
     }
     void readFails()
     {
@@ -129,7 +128,6 @@ private slots:
 
         rig.read();
 
-        QTEST(rig.link.gCommError, "commError");
         QTEST(rig.view.shown.comboVEL, "speedChoice");
         QCOMPARE(rig.view.shown.txtVEL, QStringLiteral("9000"));
         QVERIFY(rig.state.mDataTitle.isEmpty());
@@ -205,7 +203,6 @@ private slots:
 
         QCOMPARE(rig.frames(), (QStringList{"0RA", "0WP012328100000000C01"}));
         QCOMPARE(rig.prompter.lastText(), QStringLiteral("Communication error occurs!\r\n\r\ntransmit data is wrong"));
-        QVERIFY(rig.link.gCommError);
         QCOMPARE(rig.progress.calls.last(), QStringLiteral("window hidden"));
     }
 };

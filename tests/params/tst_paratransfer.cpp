@@ -4,6 +4,7 @@
 #include "common/MessageTable.h"
 #include "device/DeviceList.h"
 #include "link/SequenceRig.h"
+#include "params/ParaCommandFrame.h"
 #include "params/ParaData.h"
 #include "params/ParaFile.h"
 #include "params/ParaReadCommand.h"
@@ -37,7 +38,7 @@ QString Block1(const QString& size = "1C", const QString& code = "00")
 struct ParaRig : SequenceRig {
     ParaRig()
     {
-        link.gTimeoutMs = 2000;
+        link.setTimeoutMs(2000);
         progress.recordInto(lock.calls);
         DataFiles::setProgramFolder(dir.path());
         WriteBytes(dir.filePath("nqmdevice.lst"), "4\r\n\"28\",1,2,3,4\r\n\"35\",1,2,3,4\r\n\"42\",1,2,3,4\r\n\"SP\",1,2,3,4\r\n");
@@ -269,6 +270,18 @@ private slots:
         QTEST(rig.prompter.texts(), "texts");
         QCOMPARE(rig.files.requests[0].title, "Open Parameter file");
         QVERIFY(rig.port.frames.isEmpty());
+    }
+
+    // An exception leaving a transaction still gives everything back.
+    void exceptionLeavesNothingHeld()
+    {
+        ParaRig rig;
+        QCOMPARE(rig.link.OpenCommPort(), 0);
+        QVERIFY_THROWS_EXCEPTION(std::runtime_error,
+                                 runParaTransaction(rig.ctx, [] { throw std::runtime_error("thrown"); }));
+        QCOMPARE(rig.lock.calls, Locked({}));
+        QVERIFY(!ProgramState::instance().gCommBusy);
+        QVERIFY(!rig.link.isPortOpen());
     }
 };
 
