@@ -33,11 +33,9 @@ public:
         QObject::connect(&m_process, &QProcess::finished, [] { Waiter::wake(); });
     }
 
-    void start(QStringList args, const QString& program = QStringLiteral(KTRCTL_PATH))
+    void start(const QStringList& args)
     {
-        if (!args.contains(QStringLiteral("--lang")))
-            args = QStringList{"--lang", "en"} + args;
-        m_process.start(program, args);
+        m_process.start(QStringLiteral(KTRCTL_PATH), QStringList{"--lang", "en"} + args);
         m_process.waitForStarted();
     }
     bool waitForErr(const std::function<bool(const QString&)>& done, int timeoutMs = 15000)
