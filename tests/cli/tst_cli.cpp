@@ -265,13 +265,13 @@ private slots:
         QTEST(lost.out.split(u'\n', Qt::SkipEmptyParts), "lines");
     }
 
+    // The sheet's layout is the printouts' own test; here, that the named file is printed.
     void printWritesThePdf_data()
     {
         QTest::addColumn<QStringList>("args");
         QTest::addColumn<QStringList>("pieces");
         QTest::newRow("params") << QStringList{"params", "print", "@sp33.pmt"}
-                                << QStringList{"QM-KTR", "Parameters", "File Name:sp33.pmt", "<< HOMING PARAMETER >>", " 2.VEL:", "33",
-                                               "<< AXIS PARAMETER >>", " 3.MOTOR:", "SP", "<< SP Parameter >>", " 5. ALM1 CLEAR:", "0. Disable"};
+                                << QStringList{"File Name:sp33.pmt", " 2.VEL:", "33", " 3.MOTOR:", "SP", "<< SP Parameter >>"};
         QTest::newRow("opdata") << QStringList{"opdata", "print", "@in.qmd"}
                                 << QStringList{"File Name:in.qmd (New)", "2.VEL:", "9000", "5.DIVISION:", "12"};
     }

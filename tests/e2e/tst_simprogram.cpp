@@ -59,6 +59,14 @@ private slots:
         QCOMPARE(second.client.ask("0RD2"), QByteArray("0RD2000114020003E80007D00A0500000000\r\n"));
     }
 
+    void alarmAndInputsFromTheCommandLine()
+    {
+        SimClient run({"--alarm", "303@300", "--stop"});
+        QCOMPARE(run.client.readLine(2000), QByteArray("0%%303\r\n"));
+        QCOMPARE(run.client.ask("0RA"), QByteArray("0RA3\r\n"));
+        QCOMPARE(run.client.ask("0RI"), QByteArray("0RI200\r\n"));
+    }
+
     void optionsThatEndItAtOnce_data()
     {
         QTest::addColumn<QStringList>("args");
