@@ -3,23 +3,24 @@
 #include "cli/ExitStatus.h"
 #include "cli/GlobalOptions.h"
 #include "common/MessageTable.h"
+#include "common/SerialPort.h"
 #include "link/PortNaming.h"
-#include "link/QtSerialPort.h"
-#include "sim/SimSerialPort.h"
 
 namespace {
 constexpr int UnexpectedArgument = 4818;
 constexpr int SeeHelp = 4819;
 } // namespace
 
-CliSession::CliSession(const GlobalOptions& options, Interrupt& interrupt, QObject* parent)
+CliSession::CliSession(const GlobalOptions& options, SerialPort* port, Interrupt& interrupt, QTextStream& out,
+                       QTextStream& err, QObject* parent)
     : QObject(parent)
-    , m_out(stdout)
-    , m_err(stderr)
+    , m_out(out)
+    , m_err(err)
     , m_interrupt(interrupt)
-    , m_port(makePort(options, this))
+    , m_port(port)
     , m_link(*m_port, m_prompter, m_alarms, m_errors)
 {
+    m_port->setParent(this);
     // The built-in controller answers on any name; a device named for the
     // run, or stored by the options dialog, replaces the numbered port.
     if (options.simulator)
@@ -28,13 +29,6 @@ CliSession::CliSession(const GlobalOptions& options, Interrupt& interrupt, QObje
         m_link.setPortName(options.portName);
     else
         m_link.setPortName(PortNaming::storedName());
-}
-
-SerialPort* CliSession::makePort(const GlobalOptions& options, QObject* parent)
-{
-    if (options.simulator)
-        return new SimSerialPort(parent);
-    return new QtSerialPort(parent);
 }
 
 void CliSession::report(const QString& text)

@@ -19,11 +19,13 @@ struct GlobalOptions;
 // Everything a ktrctl command works with: the link on the chosen port (or
 // the built-in virtual controller), its commands, the stderr prompter, and
 // the do-nothing enabling, progress and file dialogs of a program without
-// a window. stdout carries the command's results, stderr its messages.
+// a window. out carries the command's results, err its messages; both
+// streams and the port (which the session takes over) come from its creator.
 class CliSession : public QObject {
     Q_OBJECT
 public:
-    CliSession(const GlobalOptions& options, Interrupt& interrupt, QObject* parent = nullptr);
+    CliSession(const GlobalOptions& options, SerialPort* port, Interrupt& interrupt, QTextStream& out,
+               QTextStream& err, QObject* parent = nullptr);
 
     Link& link() { return m_link; }
     CommandSet& commands() { return m_commands; }
@@ -37,7 +39,7 @@ public:
 
     QTextStream& out() { return m_out; }
     QTextStream& err() { return m_err; }
-    // A message line on stderr.
+    // A message line on the error stream.
     void report(const QString& text);
     // A usage error: the text, a hint at --help, and the exit status for it.
     int usageError(const QString& text);
@@ -58,10 +60,8 @@ private:
         QString saveFile(const QString&, const QString&, const QString&, const QString&) override { return {}; }
     };
 
-    static SerialPort* makePort(const GlobalOptions& options, QObject* parent);
-
-    QTextStream m_out;
-    QTextStream m_err;
+    QTextStream& m_out;
+    QTextStream& m_err;
     Interrupt& m_interrupt;
     StderrPrompter m_prompter{m_err};
     NoLamps m_alarms;

@@ -2,7 +2,6 @@
 
 #include "common/Waiter.h"
 
-#include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -34,11 +33,9 @@ public:
         QObject::connect(&m_process, &QProcess::finished, [] { Waiter::wake(); });
     }
 
-    void start(QStringList args, const QString& program = QStringLiteral(KTRCTL_PATH))
+    void start(const QStringList& args)
     {
-        if (!args.contains(QStringLiteral("--lang")))
-            args = QStringList{"--lang", "en"} + args;
-        m_process.start(program, args);
+        m_process.start(QStringLiteral(KTRCTL_PATH), QStringList{"--lang", "en"} + args);
         m_process.waitForStarted();
     }
     bool waitForErr(const std::function<bool(const QString&)>& done, int timeoutMs = 15000)
@@ -105,24 +102,4 @@ inline QStringList sentFrames(const QString& err)
 inline QStringList linesOf(const QString& text)
 {
     return text.split(u'\n', Qt::SkipEmptyParts);
-}
-
-inline QString writeFile(const QTemporaryDir& dir, const QString& name, const QByteArray& bytes)
-{
-    QFile file(dir.filePath(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        return {};
-    return file.fileName();
-}
-
-// The virtual controller's factory parameters as a file, with size and VEL given.
-inline QByteArray paraFile(const QString& size, int vel)
-{
-    return QStringLiteral("\"QM-KTR\",\"PRM\" 6 \"HOME\",5,1 30 30 %2 10 10 \"AXIS\",7,1 65535 2 400 0 20 2 \"%1L100\" "
-                          "\"PG\",2,1 0 1000 \"ETC\",8,1 0 2 1000 2000 10 5 1 20 \"SPECIAL\",6,1 10 0 10 0 0 0 "
-                          "\"RESERVED\",7,1 0 0 0 0 0 0 0 ")
-        .arg(size)
-        .arg(vel)
-        .replace(u' ', QStringLiteral("\r\n"))
-        .toLatin1();
 }

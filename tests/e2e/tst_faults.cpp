@@ -5,6 +5,7 @@
 #include "common/ProgramState.h"
 #include "link/LinkRig.h"
 #include "link/QtSerialPort.h"
+#include "support/ControllerFiles.h"
 #include "support/PtyController.h"
 #include "support/SimProcess.h"
 

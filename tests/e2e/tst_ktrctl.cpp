@@ -1,144 +1,179 @@
+// ktrctl against ktr-sim or a played controller on a pseudo-terminal: the
+// frames on the wire, their timing, and Ctrl-C. What the commands print is
+// checked in-process (tests/cli).
+
 #include "KtrctlProcess.h"
+#include "support/ControllerFiles.h"
 #include "support/PtyController.h"
 #include "support/SimProcess.h"
 
-#include <QDir>
-#include <QFileInfo>
+#include <QElapsedTimer>
 #include <QTest>
+
+namespace {
+
+// Block 0 of a file with VEL 33 (0x21): the factory block otherwise.
+const QString Block0 = QStringLiteral("001E1E210A0A0003E8000A0A00000000");
+const QString Block2 = QStringLiteral("000114020003E80007D00A0500000000");
+
+} // namespace
 
 class TestKtrctl : public QObject {
     Q_OBJECT
 
 private slots:
-    // The commands without arguments; a controller without 0RV is asked the older way.
-    void plainCommands_data()
+    // One run of each command's sequence; a controller without 0RV is asked the older way.
+    void wireSequences_data()
     {
         QTest::addColumn<QStringList>("simArgs");
-        QTest::addColumn<QString>("command");
+        QTest::addColumn<QStringList>("args");
         QTest::addColumn<QStringList>("frames");
-        QTest::addColumn<QString>("out");  // a pattern for all of stdout
-        QTest::addColumn<QString>("told"); // a part of stderr
-        QTest::newRow("version") << QStringList{} << "version" << QStringList{"0CM6", "0RV"} << "1\\.00\n"
-                                 << "\nThe version of this controller is 1.00.\n";
-        QTest::newRow("version, older form") << QStringList{"--error-reply", "RV:101"} << "version"
-                                             << QStringList{"0CM6", "0RV", "0%C"} << "1\\.00\n"
-                                             << "Communication error occurs!\nError No.101\n[101: Unknown command.]\n";
-        QTest::newRow("status") << QStringList{} << "status" << QStringList{"0RA"} << "[0-3]\n"
-                                << "";
-        QTest::newRow("reset") << QStringList{} << "reset" << QStringList{"0AR"} << ""
-                               << "";
-        QTest::newRow("check") << QStringList{} << "check" << QStringList{"0CM6"} << ""
-                               << "";
+        const QStringList none;
+        QTest::newRow("check") << none << QStringList{"check"} << QStringList{"0CM6"};
+        QTest::newRow("version") << none << QStringList{"version"} << QStringList{"0CM6", "0RV"};
+        QTest::newRow("version, older form") << QStringList{"--error-reply", "RV:101"} << QStringList{"version"}
+                                             << QStringList{"0CM6", "0RV", "0%C"};
+        QTest::newRow("status") << none << QStringList{"status"} << QStringList{"0RA"};
+        QTest::newRow("reset") << none << QStringList{"reset"} << QStringList{"0AR"};
+        QTest::newRow("params read") << none << QStringList{"params", "read"} << QStringList{"0RD0", "0RD1", "0RD2", "0RD7"};
+        QTest::newRow("params verify") << none << QStringList{"params", "verify", "FACTORY"} << QStringList{"0RD0", "0RD1", "0RD2"};
+        const QStringList write{"0RA", "0WD0" + Block0};
+        QTest::newRow("params write, 28: four commands")
+            << none << QStringList{"params", "write", "PMT28"}
+            << write + QStringList{"0WD10202019000FFFF14001C4C0064000000", "0WD2" + Block2, "0WE"};
+        // 0.16 A x 1875 = 300 at data digits 13 to 16 of block 7.
+        QTest::newRow("params write, special: seven commands")
+            << none << QStringList{"params", "write", "PMT20", "--current", "0.16"}
+            << write + QStringList{"0WD10202019000FFFF1400144C0064030000", "0WD2" + Block2, "0WE", "0RD7", "0WD7000000000000012C0000000000000000", "0WF"};
+        QTest::newRow("opdata read") << none << QStringList{"opdata", "read"} << QStringList{"0CM6", "0RP01"};
+        QTest::newRow("opdata write, values, CCW")
+            << none << QStringList{"opdata", "write", "--speed", "1", "--acc", "1", "--division", "12", "--gear", "1", "--dir", "ccw"}
+            << QStringList{"0RA", "0WP01012C100000010C01", "0WA0101"};
+        QTest::newRow("opdata write, file") << none << QStringList{"opdata", "write", "QMD"}
+                                            << QStringList{"0RA", "0WP012328100000000C01", "0WA0101"};
     }
-    void plainCommands()
+    void wireSequences()
     {
         QFETCH(QStringList, simArgs);
-        QFETCH(QString, command);
-        QFETCH(QString, out);
-        QFETCH(QString, told);
+        QFETCH(QStringList, args);
+        QTemporaryDir files;
+        args.replaceInStrings(QStringLiteral("PMT28"), writeFile(files, QStringLiteral("28.pmt"), paraFile("28", 33)));
+        args.replaceInStrings(QStringLiteral("PMT20"), writeFile(files, QStringLiteral("20.pmt"), paraFile("20", 33)));
+        args.replaceInStrings(QStringLiteral("FACTORY"), writeFile(files, QStringLiteral("10.pmt"), paraFile("28", 10)));
+        args.replaceInStrings(QStringLiteral("QMD"), writeFile(files, QStringLiteral("in.qmd"), OpDataFile));
         SimProcess sim(QStringLiteral(KTRSIM_PATH));
         QVERIFY2(sim.start(simArgs), sim.standardError().constData());
-        const CtlRun run = KtrctlProcess::run({"--port", sim.devicePath(), "--trace", command});
+        const CtlRun run = KtrctlProcess::run(QStringList{"--port", sim.devicePath(), "--trace"} + args);
         QCOMPARE(run.exitCode, 0);
         QTEST(sentFrames(run.err), "frames");
-        QVERIFY2(QRegularExpression(QRegularExpression::anchoredPattern(out)).match(run.out).hasMatch(), qPrintable(run.out));
-        QVERIFY2(run.err.contains(told), qPrintable(run.err));
+        // No window shows the transfer, so nothing pauses for the eye before the next request.
+        const QList<TraceFrame> frames = traceFrames(run.err);
+        for (qsizetype i = 1; i < frames.size(); ++i)
+            QVERIFY2(frames[i].text.startsWith(u'<') || frames[i].ms - frames[i - 1].ms < 80, qPrintable(run.err));
     }
 
-    void usageErrors_data()
+    // Ctrl-C while the third move runs: it completes, no fourth starts.
+    // Between a move's end and the next start lies the dwell of 0.5 s.
+    void dwellBetweenMovesAndCtrlCStops()
     {
-        QTest::addColumn<QStringList>("args");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("unknown option") << QStringList{"--fast", "check"} << "Unknown option: --fast";
-        QTest::newRow("missing value") << QStringList{"--port"} << "The option --port needs a value.";
-        QTest::newRow("bad language") << QStringList{"--lang", "fr", "check"} << "Invalid value for --lang: fr";
-        QTest::newRow("port and simulator") << QStringList{"--simulator", "--port", "/dev/ttyS0", "check"}
-                                            << "--port and --simulator cannot be used together.";
-        QTest::newRow("no command") << QStringList{"--simulator"} << "No command given.";
-        QTest::newRow("unknown command") << QStringList{"--simulator", "spin"} << "Unknown command: spin";
-        QTest::newRow("extra argument") << QStringList{"--simulator", "check", "now"} << "Unexpected argument: now";
-        QTest::newRow("speed out of range")
-            << QStringList{"--simulator", "opdata", "write", "--speed", "31", "--acc", "1", "--division", "12", "--gear", "1"}
-            << "--speed takes a whole number from 1 to 30.";
-        QTest::newRow("values missing") << QStringList{"--simulator", "opdata", "write", "--speed", "3"}
-                                        << "Give either an operation data file or all of --speed, --acc, --division and --gear.";
-        QTest::newRow("bad direction") << QStringList{"--simulator", "opdata", "write", "x.qmd", "--dir", "up"}
-                                       << "Invalid value for --dir: up";
-        QTest::newRow("dwell of a step") << QStringList{"--simulator", "move", "--dwell", "5"} << "--dwell needs --continuous.";
-        QTest::newRow("not an output") << QStringList{"--simulator", "io", "--toggle", "STB"} << "Invalid value for --toggle: STB";
-        QTest::newRow("no pdf") << QStringList{"opdata", "print", "x.qmd"} << "-o is missing.";
-    }
-    void usageErrors()
-    {
-        QFETCH(QStringList, args);
-        QFETCH(QString, message);
-        const CtlRun run = KtrctlProcess::run(args);
-        QCOMPARE(run.exitCode, 2);
-        QCOMPARE(linesOf(run.err), (QStringList{message, "Run ktrctl --help to see the commands."}));
-        QVERIFY(run.out.isEmpty());
-    }
-
-    // The whole help lists every command; each command's own shows its line.
-    void helpListsTheCommands()
-    {
-        const CtlRun run = KtrctlProcess::run({"--lang", "en", "--help"});
+        SimProcess sim(QStringLiteral(KTRSIM_PATH));
+        QVERIFY2(sim.start(), sim.standardError().constData());
+        KtrctlProcess ktrctl;
+        ktrctl.start({"--port", sim.devicePath(), "--trace", "move", "--continuous", "--dwell", "5"});
+        QVERIFY(ktrctl.waitForErr([](const QString& err) { return sentFrames(err).count(QStringLiteral("0MP01")) == 3; }));
+        ktrctl.interrupt();
+        const CtlRun run = ktrctl.finish();
         QCOMPARE(run.exitCode, 0);
-        QVERIFY(run.out.startsWith(QStringLiteral("Usage: ktrctl")));
-        for (const char* command : {"check", "version", "status", "reset", "params read", "params write", "params verify",
-                                    "params diff", "params print", "opdata read", "opdata write", "opdata print", "home",
-                                    "move", "io"}) {
-            QVERIFY2(run.out.contains(QStringLiteral("\n  %1 ").arg(QLatin1String(command))), command);
-            const CtlRun own = KtrctlProcess::run(QString::fromLatin1(command).split(u' ') << "--help");
-            QCOMPARE(own.exitCode, 0);
-            QVERIFY2(own.out.contains(QStringLiteral("\n  %1 ").arg(QLatin1String(command))), qPrintable(own.err));
+        QCOMPARE(linesOf(run.out), (QStringList{"Move 1 finished.", "Move 2 finished.", "Move 3 finished."}));
+        QCOMPARE(traceFrames(run.err).last().text, QStringLiteral("< 0RA1"));
+
+        int lastEnd = -1;
+        int gaps = 0;
+        for (const TraceFrame& f : traceFrames(run.err)) {
+            if (f.text == u"< 0RA1") {
+                lastEnd = f.ms;
+            } else if (f.text == u"> 0MP01" && gaps++ > 0) {
+                const int gap = f.ms - lastEnd;
+                QVERIFY2(gap >= 490 && gap <= 800, qPrintable(QString::number(gap)));
+            }
         }
-        const CtlRun io = KtrctlProcess::run({"io", "--help"});
-        QVERIFY(io.out.contains(QStringLiteral("--watch prints the line once at start and again on every change")));
+        QCOMPARE(gaps, 3); // every move sent, no fourth
     }
 
-    // A list file that is missing or broken is named, with where it was
-    // looked for, before anything is sent (a frame would be traced first).
-    void listFilesAreCheckedFirst()
-    {
-        QTemporaryDir dir;
-        const QString program = dir.filePath(QStringLiteral("ktrctl"));
-        QVERIFY(QFile::copy(QStringLiteral(KTRCTL_PATH), program));
-        const QList<QPair<QString, QString>> steps = {
-            {"ja", QStringLiteral("リストファイル errorjpn.lst が見つかりません。次の場所を探しました:\n  %1\n").arg(dir.path())},
-            {"en", QStringLiteral("The list file nqmdevice.lst was not found. It was looked for in:\n  %1\n").arg(dir.path())},
-            {"en", QStringLiteral("The list file %1 could not be read").arg(dir.filePath("nqmdevice.lst"))}};
-        for (const auto& [language, message] : steps) {
-            KtrctlProcess ktrctl;
-            ktrctl.start({"--lang", language, "--simulator", "--trace", "params", "read"}, program);
-            const CtlRun read = ktrctl.finish();
-            QVERIFY2(read.exitCode == 2 && read.err.startsWith(message) && read.out.isEmpty(), qPrintable(read.err));
-            // The next step finds the file this one missed, or a broken device list.
-            if (!QFile::exists(dir.filePath("erroreng.lst")))
-                QVERIFY(QFile::copy(QFileInfo(QStringLiteral(KTRCTL_PATH)).dir().filePath("erroreng.lst"), dir.filePath("erroreng.lst")));
-            else
-                writeFile(dir, QStringLiteral("nqmdevice.lst"), "\"28L-100\"\r\n");
-        }
-    }
-
-    void portThatCannotOpen()
-    {
-        const CtlRun run = KtrctlProcess::run({"--lang", "en", "--port", "/dev/ktr-no-such-port", "check"});
-        QCOMPARE(run.exitCode, 1);
-        QCOMPARE(run.err, QStringLiteral("Failed in opening of a communication port.\n"));
-    }
-
-    void statusDigitOutsideTheKnownOnes()
+    // The outputs read 00; a click on OUT1 writes 02 and reads it back.
+    void ioTogglesAnOutput()
     {
         PtyController controller;
         KtrctlProcess ktrctl;
-        ktrctl.start({"--lang", "en", "--port", controller.device(), "status"});
-
-        QVERIFY(controller.answer("0RA", "0RA5"));
+        ktrctl.start({"--port", controller.device(), "--trace", "io", "--toggle", "OUT1"});
+        const QList<QPair<QByteArray, QByteArray>> exchange{{"0CM7", "0CM7"}, {"0RI", "0RI000"}, {"0RO", "0RO00"}, {"0WO02", "0WO02"}, {"0RI", "0RI800"}, {"0RO", "0RO02"}, {"0CM0", "0CM0"}};
+        for (const auto& [request, reply] : exchange)
+            QVERIFY2(controller.answer(request, reply), request.constData());
         const CtlRun run = ktrctl.finish();
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(sentFrames(run.err), (QStringList{"0CM7", "0RI", "0RO", "0WO02", "0RI", "0RO", "0CM0"}));
+        QCOMPARE(run.out, QStringLiteral("STB=1 STOP=0 ALM=0 RDY=0 IN-P=0 OUT1=1 OUT2=0\n"));
+    }
 
+    // Ctrl-C ends every wait within a second: watch, homing held by STOP, a long
+    // move (the second Ctrl-C; the first is STOP), the endless wait after a wrong length.
+    void ctrlCEndsTheWait_data()
+    {
+        QTest::addColumn<QStringList>("simArgs");
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<QString>("seen");
+        QTest::addColumn<int>("interrupts");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("lastLine"); // of stderr
+        QTest::newRow("io --watch") << QStringList{} << QStringList{"io", "--watch"} << "< 0RO" << 1 << 0 << "< 0CM0";
+        QTest::newRow("home, STOP held") << QStringList{"--stop"} << QStringList{"home"} << "< 0RA2" << 1 << 1 << "Interrupted.";
+        QTest::newRow("move of 11 s") << QStringList{"--time-scale", "20"} << QStringList{"move"} << "< 0RA0" << 2 << 1
+                                      << "Interrupted.";
+        QTest::newRow("endless wait") << QStringList{"--extra-char", "RA", "--silent", "CM"} << QStringList{"status"}
+                                      << "> 0CM6" << 1 << 1 << "> 0CM6\nInterrupted.";
+    }
+    void ctrlCEndsTheWait()
+    {
+        QFETCH(QStringList, simArgs);
+        QFETCH(QStringList, args);
+        QFETCH(QString, seen);
+        QFETCH(int, interrupts);
+        QFETCH(QString, lastLine);
+        SimProcess sim(QStringLiteral(KTRSIM_PATH));
+        QVERIFY2(sim.start(simArgs), sim.standardError().constData());
+        KtrctlProcess ktrctl;
+        ktrctl.start(QStringList{"--port", sim.devicePath(), "--trace"} + args);
+        QVERIFY(ktrctl.waitForErr([&](const QString& err) { return err.contains(seen); }));
+        QElapsedTimer clock;
+        for (int i = 0; i < interrupts; ++i) {
+            QTest::qWait(200);
+            clock.start();
+            ktrctl.interrupt();
+        }
+        const CtlRun run = ktrctl.finish(3000);
+        QVERIFY2(clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
+        QTEST(run.exitCode, "exitCode");
+        QVERIFY2(run.err.trimmed().endsWith(lastLine), qPrintable(run.err));
+    }
+
+    // Stopped part-way (status 3): the first Ctrl-C gives the move up and says why.
+    void ctrlCGivesUpAMoveStoppedShort()
+    {
+        PtyController controller;
+        KtrctlProcess ktrctl;
+        ktrctl.start({"--port", controller.device(), "move"});
+        QVERIFY(controller.answer("0RA", "0RA1"));
+        QVERIFY(controller.answer("0MP01", "0MP01"));
+        QVERIFY(controller.answer("0RA", "0RA3"));
+        QElapsedTimer clock;
+        clock.start();
+        ktrctl.interrupt();
+        for (int polls = 0; polls < 50 && controller.answer("0RA", "0RA3", 200); ++polls) {}
+        const CtlRun run = ktrctl.finish(2000);
+        QVERIFY2(clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
         QCOMPARE(run.exitCode, 1);
-        QVERIFY(run.out.isEmpty());
-        QCOMPARE(run.err, QStringLiteral("The controller answered an unknown run status: 5\n"));
+        QCOMPARE(linesOf(run.err), QStringList{"The move did not finish: the controller stopped part-way (status 3). "
+                                               "Remove the cause; an alarm is cleared with the alarm reset."});
     }
 };
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "common/DataFiles.h"
-#include "common/FileChooser.h"
 #include "common/ProgramState.h"
 #include "common/Settings.h"
 #include "link/Prompter.h"
@@ -13,6 +12,7 @@
 #include <QTemporaryDir>
 
 #include <cstdlib>
+#include <functional>
 
 // What every fuzz target shares: one application object, a scratch folder
 // that stands in for the program folder (so the readers of the shipped
@@ -79,16 +79,13 @@ public:
     int count = 0;
 };
 
-// A FileChooser whose "user" always picks the same file.
-class FixedFileChooser : public FileChooser {
-public:
-    explicit FixedFileChooser(const QString& path)
-        : m_path(path)
-    {
-    }
-    QString openFile(const QString&, const QString&, const QString&) override { return m_path; }
-    QString saveFile(const QString&, const QString&, const QString&, const QString&) override { return m_path; }
-
-private:
-    QString m_path;
-};
+// What every file reader promises: the file is read (0) or refused with one
+// message (1), and nothing else is shown. The reader's result.
+inline int checkedRead(const std::function<int(Prompter&)>& read)
+{
+    CountingPrompter prompter;
+    const int result = read(prompter);
+    FUZZ_CHECK(result == 0 || result == 1);
+    FUZZ_CHECK(prompter.count == result);
+    return result;
+}

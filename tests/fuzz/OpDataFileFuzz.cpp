@@ -7,6 +7,7 @@
 
 #include "opdata/OpDataFile.h"
 #include "opdata/OpDataFileCommands.h"
+#include "support/ScriptedFileChooser.h"
 
 namespace {
 
@@ -17,10 +18,8 @@ int checkReader(const QString& path)
 {
     PosiTable table;
     int label = 0;
-    CountingPrompter prompter;
-    const int result = OpDataFile::ReadPosidataFile(path, table, label, prompter);
-    FUZZ_CHECK(result == 0 || result == 1);
-    FUZZ_CHECK(prompter.count == result);
+    const int result = checkedRead(
+        [&](Prompter& prompter) { return OpDataFile::ReadPosidataFile(path, table, label, prompter); });
     if (result == 0)
         FUZZ_CHECK(label == 148 || label == 149);
     return result;
@@ -49,7 +48,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     CountingPrompter prompter;
     ControlLock lock;
     ProgressDisplay progress;
-    FixedFileChooser files(path);
+    ScriptedFileChooser files;
+    files.setNextFileName(path);
     OpDataState state;
     FakeOpDataView view(state);
     OpDataFileCommands commands(prompter, lock, progress, files, state, view);

@@ -13,6 +13,7 @@
 #include "params/ParaScreen.h"
 #include "params/ParaValueCheck.h"
 #include "params/TakeCtParaImage.h"
+#include "support/ScriptedFileChooser.h"
 
 namespace {
 
@@ -84,7 +85,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const int result = checkReader(path);
 
     CountingPrompter prompter;
-    FixedFileChooser files(path);
+    ScriptedFileChooser files;
+    files.setNextFileName(path);
     ParaFileCommands commands(prompter, files);
     ParaData page;
     ParaScreen screen;

@@ -32,11 +32,8 @@ private:
 
 int checkList()
 {
-    CountingPrompter prompter;
     StdParaList list;
-    const int result = list.ReadStdParaList(prompter);
-    FUZZ_CHECK(result == 0 || result == 1);
-    FUZZ_CHECK(prompter.count == result);
+    const int result = checkedRead([&list](Prompter& prompter) { return list.ReadStdParaList(prompter); });
     for (int row = 0; row < StdParaList::MaxRows; ++row) {
         for (int column = 0; column < StdParaList::MaxColumns; ++column) {
             const QVariant value = list.value(row, column);
