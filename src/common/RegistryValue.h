@@ -12,8 +12,10 @@
 // at its first NUL before it is interpreted, for numbers too.
 class RegistryValue {
 public:
-    enum Type { String = 1,
-                Number = 4 };
+    enum Type {
+        String = 1,
+        Number = 4
+    };
 
     // The text of a value of the given type from its raw buffer; empty for
     // any other type.

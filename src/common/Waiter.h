@@ -16,9 +16,11 @@
 // anything is deleted.
 class Waiter {
 public:
-    enum class Result { Done,
-                        TimedOut,
-                        Aborted };
+    enum class Result {
+        Done,
+        TimedOut,
+        Aborted
+    };
 
     // timeoutMs < 0: no time limit.
     static Result waitUntil(const std::function<bool()>& done, int timeoutMs = -1);

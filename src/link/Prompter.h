@@ -7,19 +7,25 @@
 // tests script the answers and read the texts that were shown.
 class Prompter {
 public:
-    enum class Buttons { Ok,
-                         OkCancel,
-                         YesNo,
-                         YesNoCancel };
-    enum class Icon { None,
-                      Information,
-                      Question,
-                      Exclamation,
-                      Critical };
-    enum class Answer { Ok,
-                        Cancel,
-                        Yes,
-                        No };
+    enum class Buttons {
+        Ok,
+        OkCancel,
+        YesNo,
+        YesNoCancel
+    };
+    enum class Icon {
+        None,
+        Information,
+        Question,
+        Exclamation,
+        Critical
+    };
+    enum class Answer {
+        Ok,
+        Cancel,
+        Yes,
+        No
+    };
 
     virtual ~Prompter() = default;
 

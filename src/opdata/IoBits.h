@@ -5,13 +5,15 @@
 #include <array>
 
 // The lamps of the input/output monitor.
-enum class IoLamp { InputStb,
-                    InputStop,
-                    OutputAlm,
-                    OutputRdy,
-                    OutputInp,
-                    OutputOut1,
-                    OutputOut2 };
+enum class IoLamp {
+    InputStb,
+    InputStop,
+    OutputAlm,
+    OutputRdy,
+    OutputInp,
+    OutputOut1,
+    OutputOut2
+};
 
 inline constexpr std::array<IoLamp, 7> AllIoLamps{
     IoLamp::InputStb,

@@ -45,10 +45,12 @@ signals:
     void moveFinished(int moveNo);
 
 private:
-    enum class Poll { Finished,
-                      Failed,
-                      Aborted,
-                      GivenUp };
+    enum class Poll {
+        Finished,
+        Failed,
+        Aborted,
+        GivenUp
+    };
 
     Result steps();
     void takeLeftovers(bool continuous);

@@ -8,12 +8,14 @@
 // written as 32 hexadecimal digits each. One row per field; the decoder, the
 // encoder and the verification all walk this table.
 
-enum class ParaGroup { Home,
-                       Axis,
-                       Pg,
-                       Etc,
-                       Special,
-                       Reserved };
+enum class ParaGroup {
+    Home,
+    Axis,
+    Pg,
+    Etc,
+    Special,
+    Reserved
+};
 
 // How a field's digits turn into its image entry and back.
 enum class ParaCodec {

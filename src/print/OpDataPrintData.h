@@ -6,8 +6,10 @@
 // operation data page or read it from a file. Values are the texts the
 // page shows; an empty text prints as nothing.
 struct OpDataPrintData {
-    enum class Generation { New,
-                            Old };
+    enum class Generation {
+        New,
+        Old
+    };
 
     bool fromFile = false;
     QString fileName;                        // the file's bare name when fromFile

@@ -21,10 +21,12 @@ constexpr int SpecialSizeMsg = 4721;
 constexpr int MotorEntry = 7;
 
 // How the value of a row is printed.
-enum class Shown { Nothing,
-                   AsText,
-                   AsSwitch,
-                   AsMotor };
+enum class Shown {
+    Nothing,
+    AsText,
+    AsSwitch,
+    AsMotor
+};
 
 struct SheetRow {
     int row;

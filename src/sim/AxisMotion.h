@@ -15,10 +15,12 @@
 class AxisMotion : public QObject {
     Q_OBJECT
 public:
-    enum class Status : char { Moving = '0',
-                               AtRest = '1',
-                               Stopped = '2',
-                               Alarm = '3' };
+    enum class Status : char {
+        Moving = '0',
+        AtRest = '1',
+        Stopped = '2',
+        Alarm = '3'
+    };
 
     explicit AxisMotion(QObject* parent = nullptr);
 

@@ -10,8 +10,10 @@
 // The command line of ktr-sim (the arguments after the program name):
 // where it runs, pacing, the state file, the time scale and the faults.
 struct SimOptions {
-    enum class Front { Pty,
-                       Device };
+    enum class Front {
+        Pty,
+        Device
+    };
 
     Front front = Front::Pty;
     QString device;

@@ -11,10 +11,12 @@ class Lamp : public QWidget {
     Q_OBJECT
     Q_PROPERTY(bool on READ isOn WRITE setOn)
 public:
-    enum class Color { Red,
-                       Green,
-                       Yellow,
-                       Orange };
+    enum class Color {
+        Red,
+        Green,
+        Yellow,
+        Orange
+    };
 
     explicit Lamp(Color color, QWidget* parent = nullptr);
 
