@@ -108,16 +108,11 @@ private slots:
         QTest::addColumn<QStringList>("items");
         const QStringList sizes{"28", "35", "42", "SP"};
         const QByteArray coded = "2\r\n\"42L-100\",1,2,3,4\r\n\"28L-100\",1,2,3,4\r\n";
-        QTest::newRow("known size stays") << QByteArray("shipped") << "42"
-                                          << "42" << sizes;
-        QTest::newRow("empty takes the first kind") << QByteArray("shipped") << ""
-                                                    << "28" << sizes;
-        QTest::newRow("unknown size takes the first kind") << QByteArray("shipped") << "77"
-                                                           << "28" << sizes;
-        QTest::newRow("first kind that is no fixed size") << coded << "35"
-                                                          << "42L" << sizes;
-        QTest::newRow("no list") << QByteArray() << "35"
-                                 << "35" << QStringList{"old"};
+        QTest::newRow("known size stays") << QByteArray("shipped") << "42" << QStringLiteral("42") << sizes;
+        QTest::newRow("empty takes the first kind") << QByteArray("shipped") << "" << QStringLiteral("28") << sizes;
+        QTest::newRow("unknown size takes the first kind") << QByteArray("shipped") << "77" << QStringLiteral("28") << sizes;
+        QTest::newRow("first kind that is no fixed size") << coded << "35" << QStringLiteral("42L") << sizes;
+        QTest::newRow("no list") << QByteArray() << "35" << QStringLiteral("35") << QStringList{"old"};
     }
     void actSizeList()
     {
@@ -143,10 +138,8 @@ private slots:
         QTest::addColumn<bool>("pgUse");
         QTest::addColumn<QString>("mainSize");
         QTest::addColumn<QString>("chosen");
-        QTest::newRow("empty main size") << false << false << ""
-                                         << "28";
-        QTest::newRow("size not in the list") << true << true << "28L"
-                                              << "28";
+        QTest::newRow("empty main size") << false << false << "" << QStringLiteral("28");
+        QTest::newRow("size not in the list") << true << true << "28L" << QStringLiteral("28");
     }
     void dialogLoad()
     {

@@ -111,8 +111,7 @@ private slots:
     {
         QTest::addColumn<QByteArray>("content");
         QTest::newRow("count is text") << QByteArray("\"QM-KTR\",\"PRM\"\r\nsix\r\n");
-        QTest::newRow("more values than entries")
-            << QByteArray("\"QM-KTR\",\"PRM\"\r\n1\r\n\"HOME\",45,1\r\n") + QByteArray("1\r\n").repeated(45);
+        QTest::newRow("more values than entries") << QByteArray("\"QM-KTR\",\"PRM\"\r\n1\r\n\"HOME\",45,1\r\n") + QByteArray("1\r\n").repeated(45);
         QTest::newRow("seven sections counted") << QByteArray(Size28File).replace("\r\n6\r\n", "\r\n7\r\n");
         QTest::newRow("motor number too large") << QByteArray(Size28File).replace("28L100", "28L9e9");
         QTest::newRow("missing file") << QByteArray();
@@ -165,20 +164,11 @@ private slots:
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("message");
         QTest::addColumn<int>("asked");
-        QTest::newRow("empty box") << ""
-                                   << "x.pmt"
-                                   << "No data in some of parameters.\r\n Please fill the data in and try it again." << 0;
-        QTest::newRow("VEL 61") << "61"
-                                << "x.pmt"
-                                << "Invalid value in some parameters." << 0;
-        QTest::newRow("letters") << "x"
-                                 << "x.pmt"
-                                 << "Invalid value in some parameters." << 0;
-        QTest::newRow("dialog cancelled") << "10"
-                                          << "" << QString() << 1;
-        QTest::newRow("cannot write") << "10"
-                                      << "no/such/folder/x.pmt"
-                                      << "Fail to  Save parameters into the file." << 1;
+        QTest::newRow("empty box") << "" << QStringLiteral("x.pmt") << "No data in some of parameters.\r\n Please fill the data in and try it again." << 0;
+        QTest::newRow("VEL 61") << "61" << QStringLiteral("x.pmt") << "Invalid value in some parameters." << 0;
+        QTest::newRow("letters") << "x" << QStringLiteral("x.pmt") << "Invalid value in some parameters." << 0;
+        QTest::newRow("dialog cancelled") << "10" << QString() << QString() << 1;
+        QTest::newRow("cannot write") << "10" << QStringLiteral("no/such/folder/x.pmt") << "Fail to  Save parameters into the file." << 1;
     }
     void saveButtonRefuses()
     {
@@ -216,21 +206,11 @@ private slots:
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QString>("message");
         QTest::addColumn<QString>("offset");
-        QTest::newRow("not a parameter file") << QByteArray("\"QM-KTR\",\"QMD\"\r\n6\r\n")
-                                              << "Not parameter file for QM-B4.\r\nOpening file is canceled."
-                                              << "30";
-        QTest::newRow("other model") << QByteArray("\"QM-B4\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n1\r\n1\r\n1\r\n1\r\n")
-                                     << "Not parameter file for QM-B4.\r\nOpening file is canceled."
-                                     << "30";
-        QTest::newRow("ends early") << QByteArray("\"QM-KTR\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n")
-                                    << "Fail to open parameter file."
-                                    << "";
-        QTest::newRow("value too large for its field") << QByteArray(Size28File).replace("0\r\n30\r\n10", "0\r\n30\r\n99999")
-                                                       << "Fail to open parameter file."
-                                                       << "";
-        QTest::newRow("text for a number") << QByteArray(Size28File).replace("\"PG\",2,1\r\n0", "\"PG\",2,1\r\n\"on\"")
-                                           << "Fail to open parameter file."
-                                           << "";
+        QTest::newRow("not a parameter file") << QByteArray("\"QM-KTR\",\"QMD\"\r\n6\r\n") << "Not parameter file for QM-B4.\r\nOpening file is canceled." << QStringLiteral("30");
+        QTest::newRow("other model") << QByteArray("\"QM-B4\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n1\r\n1\r\n1\r\n1\r\n") << "Not parameter file for QM-B4.\r\nOpening file is canceled." << QStringLiteral("30");
+        QTest::newRow("ends early") << QByteArray("\"QM-KTR\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n") << "Fail to open parameter file." << QString();
+        QTest::newRow("value too large for its field") << QByteArray(Size28File).replace("0\r\n30\r\n10", "0\r\n30\r\n99999") << "Fail to open parameter file." << QString();
+        QTest::newRow("text for a number") << QByteArray(Size28File).replace("\"PG\",2,1\r\n0", "\"PG\",2,1\r\n\"on\"") << "Fail to open parameter file." << QString();
     }
     void openButtonOnABadFile()
     {
@@ -266,12 +246,9 @@ private slots:
         QTest::addColumn<bool>("encoder");
         QTest::addColumn<QString>("sizeText");
         QTest::addColumn<QString>("code");
-        QTest::newRow("35 with encoder") << "35" << true << "35"
-                                         << "35L-100";
-        QTest::newRow("SP is written 20") << "SP" << true << "20"
-                                          << "20L-100";
-        QTest::newRow("no size chosen") << "" << false << ""
-                                        << "  L-100";
+        QTest::newRow("35 with encoder") << "35" << true << "35" << QStringLiteral("35L-100");
+        QTest::newRow("SP is written 20") << "SP" << true << "20" << QStringLiteral("20L-100");
+        QTest::newRow("no size chosen") << "" << false << "" << QStringLiteral("  L-100");
     }
     void sizesAndEncoder()
     {

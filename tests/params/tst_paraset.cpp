@@ -64,19 +64,23 @@ private slots:
         ProgramState::instance().gMsgBase = 10000;
     }
 
-    void widestValues_data()
+    // The widest value of each field kind, and the motor code built from its pieces.
+    void decodedEntries_data()
     {
         QTest::addColumn<int>("block");
         QTest::addColumn<int>("pos");
         QTest::addColumn<QString>("digits");
         QTest::addColumn<int>("entry");
-        QTest::addColumn<double>("value");
-        QTest::newRow("OFFSET FFFF") << 0 << 5 << "FFFF" << 1 << 65535.0;
-        QTest::newRow("AXIS 6 digits 3FFFF") << 1 << 13 << "03FFFF" << 6 << 262143.0;
-        QTest::newRow("ETC value 2 FFFFFF") << 2 << 19 << "FFFFFF" << 18 << 16777215.0;
-        QTest::newRow("byte FF") << 2 << 35 << "FF" << 35 << 255.0;
+        QTest::addColumn<QString>("value");
+        QTest::newRow("OFFSET FFFF") << 0 << 5 << "FFFF" << 1 << "65535";
+        QTest::newRow("AXIS 6 digits 3FFFF") << 1 << 13 << "03FFFF" << 6 << "262143";
+        QTest::newRow("ETC value 2 FFFFFF") << 2 << 19 << "FFFFFF" << 18 << "16777215";
+        QTest::newRow("byte FF") << 2 << 35 << "FF" << 35 << "255";
+        QTest::newRow("size 35, letter E, number 7") << 1 << 23 << "23450007" << MotorCodeEntry << "35E007";
+        QTest::newRow("special actuator") << 1 << 23 << "144401F4" << MotorCodeEntry << "20D500";
+        QTest::newRow("number beyond three digits") << 1 << 23 << "1C4C03E8" << MotorCodeEntry << "28LX";
     }
-    void widestValues()
+    void decodedEntries()
     {
         QFETCH(int, block);
         QFETCH(int, pos);
@@ -84,29 +88,7 @@ private slots:
         QFETCH(int, entry);
         CtParaImage image;
         DecodeParaBlocks(repliesWith(block, pos, digits), image);
-        QTEST(image[entry].toDouble(), "value");
-    }
-
-    void motorCodePieces_data()
-    {
-        QTest::addColumn<QString>("digits");
-        QTest::addColumn<QString>("code");
-        QTest::newRow("size 35, letter E, number 7") << "2345"
-                                                        "0007"
-                                                     << "35E007";
-        QTest::newRow("special actuator") << "1444"
-                                             "01F4"
-                                          << "20D500";
-        QTest::newRow("number beyond three digits") << "1C4C"
-                                                       "03E8"
-                                                    << "28LX";
-    }
-    void motorCodePieces()
-    {
-        QFETCH(QString, digits);
-        CtParaImage image;
-        DecodeParaBlocks(repliesWith(1, 23, digits), image);
-        QTEST(image[MotorCodeEntry].toString(), "code");
+        QTEST(image[entry].toString(), "value");
     }
 
     // Block 1 bytes 9, 10 and 13: size number, type letter and size code.
@@ -115,26 +97,10 @@ private slots:
         QTest::addColumn<QString>("size");
         QTest::addColumn<QString>("letter");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("35") << "35"
-                            << "L"
-                            << "23"
-                               "4C"
-                               "01";
-        QTest::newRow("E35 sends 35 and E") << "E35"
-                                            << "L"
-                                            << "23"
-                                               "45"
-                                               "04";
-        QTest::newRow("42 D") << "42"
-                              << "D"
-                              << "2A"
-                                 "44"
-                                 "05";
-        QTest::newRow("no letter") << "28"
-                                   << ""
-                                   << "1C"
-                                      "00"
-                                      "00";
+        QTest::newRow("35") << "35" << QStringLiteral("L") << QStringLiteral("234C01");
+        QTest::newRow("E35 sends 35 and E") << "E35" << QStringLiteral("L") << QStringLiteral("234504");
+        QTest::newRow("42 D") << "42" << QStringLiteral("D") << QStringLiteral("2A4405");
+        QTest::newRow("no letter") << "28" << QString() << QStringLiteral("1C0000");
     }
     void sizeFields()
     {
@@ -200,19 +166,13 @@ private slots:
     {
         QTest::addColumn<QString>("raw");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("300") << "012C"
-                             << "2.16";
-        QTest::newRow("327, the largest") << "0147"
-                                          << "2.17";
-        QTest::newRow("zero") << "0000"
-                              << "0.0";
-        QTest::newRow("FFFF is -1") << "FFFF"
-                                    << "0.0";
-        QTest::newRow("-300") << "FED4"
-                              << "-2.-16";
+        QTest::newRow("300") << "012C" << QStringLiteral("2.16");
+        QTest::newRow("327, the largest") << "0147" << QStringLiteral("2.17");
+        QTest::newRow("zero") << "0000" << QStringLiteral("0.0");
+        QTest::newRow("FFFF is -1") << "FFFF" << QStringLiteral("0.0");
+        QTest::newRow("-300") << "FED4" << QStringLiteral("-2.-16");
         // Beyond raw 327 the 16-bit products overflow (1.5 A: see the read).
-        QTest::newRow("328 overflows") << "0148"
-                                       << "";
+        QTest::newRow("328 overflows") << "0148" << QString();
     }
     void spCurrentShown()
     {
@@ -229,18 +189,12 @@ private slots:
     {
         QTest::addColumn<QString>("current");
         QTest::addColumn<QString>("digits");
-        QTest::newRow("1.5 A: 2812.5 to even") << "1.5"
-                                               << "0AFC";
-        QTest::newRow("0.0008 A: 1.5 to even") << "0.0008"
-                                               << "0002";
-        QTest::newRow("2.0 A") << "2.0"
-                               << "0EA6";
-        QTest::newRow("empty") << ""
-                               << "";
-        QTest::newRow("not a number") << "1.2.3"
-                                      << "";
-        QTest::newRow("negative") << "-1"
-                                  << "";
+        QTest::newRow("1.5 A: 2812.5 to even") << "1.5" << QStringLiteral("0AFC");
+        QTest::newRow("0.0008 A: 1.5 to even") << "0.0008" << QStringLiteral("0002");
+        QTest::newRow("2.0 A") << "2.0" << QStringLiteral("0EA6");
+        QTest::newRow("empty") << "" << QString();
+        QTest::newRow("not a number") << "1.2.3" << QString();
+        QTest::newRow("negative") << "-1" << QString();
     }
     void spCurrentWritten()
     {
@@ -270,8 +224,7 @@ private slots:
             s.axis.motorNumber = 7;
             s.axis.motorCode = QStringLiteral("28L007");
         }) << "Result of Verify - OK";
-        QTest::newRow("size") << Change([](ParaSet& s) { s.axis.motorCode = QStringLiteral("35L100"); })
-                              << ng + "<AXIS Parameter> :MOTOR\r\n";
+        QTest::newRow("size") << Change([](ParaSet& s) { s.axis.motorCode = QStringLiteral("35L100"); }) << ng + "<AXIS Parameter> :MOTOR\r\n";
         QTest::newRow("unnamed fields are not compared") << Change([](ParaSet& s) {
             s.home.homeByte = 1;
             s.axis.axisValue = 1;
@@ -310,8 +263,7 @@ private slots:
         QTest::newRow("Reserved0 and 1") << QList<int>{1, 1, 0, 0, 0, 0, 0} << "Reserved0,Reserved1,";
         QTest::newRow("Reserved2 replaces") << QList<int>{1, 0, 2, 0, 0, 0, 0} << "0Reserved2,";
         QTest::newRow("then Reserved4 appends") << QList<int>{0, 0, 2, 0, 4, 0, 0} << "0Reserved2,Reserved4,";
-        QTest::newRow("Reserved5 replaces with its own value")
-            << QList<int>{0, 0, 2, 0, 4, 9, 6} << "9Reserved5,Reserved6,";
+        QTest::newRow("Reserved5 replaces with its own value") << QList<int>{0, 0, 2, 0, 4, 9, 6} << "9Reserved5,Reserved6,";
         QTest::newRow("Reserved3 after 1") << QList<int>{0, 1, 0, 3, 0, 0, 0} << "0Reserved3,";
     }
     void reservedLine()
@@ -336,14 +288,6 @@ private slots:
         ParaCompareLines lines;
         QCOMPARE(MakeParaCompareList(image, set, lines), 1);
         QCOMPARE(lines[2], QStringLiteral("ALM,"));
-    }
-
-    void japaneseReport()
-    {
-        ProgramState::instance().gMsgBase = 0;
-        ParaSet set = Size28Set();
-        set.home.vel = 11;
-        QCOMPARE(reportFor(set), QStringLiteral("照合結果 - NG\r\n<原点復帰パラメータ> :VEL,\r\n"));
     }
 
     // Every range on both sides: just inside is accepted, just outside refused.
@@ -374,8 +318,7 @@ private slots:
         for (const Limit& l : limits) {
             for (int entry : l.entries) {
                 for (int v : {l.low - 1, l.low, l.high, l.high + 1}) {
-                    QTest::addRow("entry %d = %d", entry, v)
-                        << Change([entry, v](ParaSet& s) { SetParaEntry(s, entry, v); }) << int(v < l.low || v > l.high);
+                    QTest::addRow("entry %d = %d", entry, v) << Change([entry, v](ParaSet& s) { SetParaEntry(s, entry, v); }) << int(v < l.low || v > l.high);
                 }
             }
         }
@@ -442,22 +385,14 @@ private slots:
         const auto A = ParaKeyResult::Accept;
         const auto D = ParaKeyResult::Discard;
         const auto E = ParaKeyResult::Enter;
-        QTest::newRow("backspace at the limit") << "txtHomeVel"
-                                                << "60" << 8 << A;
-        QTest::newRow("Enter") << "txtPgAlarm"
-                               << "1" << 13 << E;
-        QTest::newRow("Enter in a full box") << "txtPgAlarm"
-                                             << "12345" << 13 << D;
-        QTest::newRow("OFFSET 5 digits") << "txtHomeOffset"
-                                         << "1234" << int('5') << A;
-        QTest::newRow("OFFSET 6 digits") << "txtHomeOffset"
-                                         << "12345" << int('6') << D;
-        QTest::newRow("IN-P WID 3 digits") << "txtInpLimit"
-                                           << "12" << int('3') << A;
-        QTest::newRow("IN-P WID 4 digits") << "txtInpLimit"
-                                           << "123" << int('4') << D;
-        QTest::newRow("PG TIMER 4 digits") << "txtPgCheckTimer"
-                                           << "255" << int('1') << D;
+        QTest::newRow("backspace at the limit") << "txtHomeVel" << QStringLiteral("60") << 8 << A;
+        QTest::newRow("Enter") << "txtPgAlarm" << QStringLiteral("1") << 13 << E;
+        QTest::newRow("Enter in a full box") << "txtPgAlarm" << QStringLiteral("12345") << 13 << D;
+        QTest::newRow("OFFSET 5 digits") << "txtHomeOffset" << QStringLiteral("1234") << int('5') << A;
+        QTest::newRow("OFFSET 6 digits") << "txtHomeOffset" << QStringLiteral("12345") << int('6') << D;
+        QTest::newRow("IN-P WID 3 digits") << "txtInpLimit" << QStringLiteral("12") << int('3') << A;
+        QTest::newRow("IN-P WID 4 digits") << "txtInpLimit" << QStringLiteral("123") << int('4') << D;
+        QTest::newRow("PG TIMER 4 digits") << "txtPgCheckTimer" << QStringLiteral("255") << int('1') << D;
     }
     void keyFilter()
     {
@@ -474,15 +409,9 @@ private slots:
         QTest::addColumn<QString>("box");
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("OFFSET 000 empties") << "txtHomeOffset"
-                                            << "000"
-                                            << "";
-        QTest::newRow("IN-P WID empty becomes 0") << "txtInpLimit"
-                                                  << ""
-                                                  << "0";
-        QTest::newRow("PG TIMER 010") << "txtPgCheckTimer"
-                                      << "010"
-                                      << "10";
+        QTest::newRow("OFFSET 000 empties") << "txtHomeOffset" << QStringLiteral("000") << "";
+        QTest::newRow("IN-P WID empty becomes 0") << "txtInpLimit" << QString() << "0";
+        QTest::newRow("PG TIMER 010") << "txtPgCheckTimer" << QStringLiteral("010") << "10";
     }
     void lostFocus()
     {
@@ -497,15 +426,9 @@ private slots:
         QTest::addColumn<QString>("size");
         QTest::addColumn<QString>("shownSize");
         QTest::addColumn<QString>("current");
-        QTest::newRow("42") << "42"
-                            << "42"
-                            << "1.2";
-        QTest::newRow("20 shown as SP keeps the box") << "20"
-                                                      << "SP"
-                                                      << "0.7";
-        QTest::newRow("E35 keeps the box") << "E35"
-                                           << "E35"
-                                           << "0.7";
+        QTest::newRow("42") << "42" << QStringLiteral("42") << "1.2";
+        QTest::newRow("20 shown as SP keeps the box") << "20" << QStringLiteral("SP") << "0.7";
+        QTest::newRow("E35 keeps the box") << "E35" << QStringLiteral("E35") << "0.7";
     }
     void currentFollowsTheSize()
     {
@@ -548,24 +471,14 @@ private slots:
         QCOMPARE(ParametaValueCheck(set), 1);
     }
 
-    void unchangedScreenGivesTheSameSet()
-    {
-        ParaSet set = Size28Set();
-        QCOMPARE(TorikomiParametaValue(shownSize28(), set), 0);
-        QCOMPARE(Fields(set), Fields(Size28Set()));
-    }
-
     // Text pasted past the key filter is refused as an invalid value.
     void unreadableBoxIsRefused_data()
     {
         QTest::addColumn<QString>("alm");
         QTest::addColumn<QString>("vel");
-        QTest::newRow("letters") << "abc"
-                                 << "10";
-        QTest::newRow("digits then letters") << "12ab"
-                                             << "10";
-        QTest::newRow("too large for its field") << "1000"
-                                                 << "99999";
+        QTest::newRow("letters") << "abc" << QStringLiteral("10");
+        QTest::newRow("digits then letters") << "12ab" << QStringLiteral("10");
+        QTest::newRow("too large for its field") << "1000" << QStringLiteral("99999");
     }
     void unreadableBoxIsRefused()
     {

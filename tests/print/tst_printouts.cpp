@@ -282,14 +282,10 @@ private slots:
     {
         QTest::addColumn<QString>("division");
         QTest::addColumn<QString>("angle");
-        QTest::newRow("7") << "7"
-                           << "51.429 deg";
-        QTest::newRow("zero") << "0"
-                              << "";
-        QTest::newRow("fraction") << "2.5"
-                                  << "";
-        QTest::newRow("not a number") << "1x"
-                                      << "";
+        QTest::newRow("7") << "7" << QStringLiteral("51.429 deg");
+        QTest::newRow("zero") << "0" << QString();
+        QTest::newRow("fraction") << "2.5" << QString();
+        QTest::newRow("not a number") << "1x" << QString();
     }
     void stepAngle()
     {
