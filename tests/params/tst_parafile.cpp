@@ -14,6 +14,7 @@
 #include "params/StandardPara.h"
 #include "params/StdParaList.h"
 
+#include "support/ControllerFiles.h"
 #include "support/FileSizeLimit.h"
 #include "support/ScriptedFileChooser.h"
 #include "support/ScriptedPrompter.h"
@@ -24,14 +25,7 @@
 
 namespace {
 
-const QByteArray Size28File =
-    "\"QM-KTR\",\"PRM\"\r\n6\r\n"
-    "\"HOME\",5,1\r\n30\r\n30\r\n10\r\n10\r\n10\r\n"
-    "\"AXIS\",7,1\r\n65535\r\n2\r\n400\r\n0\r\n20\r\n2\r\n\"28L100\"\r\n"
-    "\"PG\",2,1\r\n0\r\n1000\r\n"
-    "\"ETC\",8,1\r\n0\r\n2\r\n1000\r\n2000\r\n10\r\n5\r\n1\r\n20\r\n"
-    "\"SPECIAL\",6,1\r\n10\r\n0\r\n10\r\n0\r\n0\r\n0\r\n"
-    "\"RESERVED\",7,1\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n";
+const QByteArray Size28File = paraFile(QStringLiteral("28"), 10);
 
 // An image that a controller read of another set would leave.
 CtParaImage earlierImage()

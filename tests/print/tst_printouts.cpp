@@ -157,14 +157,6 @@ private slots:
         ProgramState::instance().gMsgBase = MessageTable::EnglishBase;
     }
 
-    void paraSheet()
-    {
-        RecordedPage page;
-        const int pitch = metricsOf(page).gLinePitch;
-        ParaPrintout(paraList(), false, PrintedAt).render(page);
-        QCOMPARE(page.sheet(pitch), (QStringList{"1 QM-KTR  Parameters|", "4 << HOMING PARAMETER >>|", "5  1.OFFSET:|65535", "6  2.VEL:|30", "7  3.OFSVEL:|5", "9 << AXIS PARAMETER >>|", "10  1.PULSE:|1000", "11  2.AUTO DRIVE:|2", "12  3.MOTOR:|SP", "14 << PG PARAMETER >>|", "15  1.FUNCTION:|1. With Encorder", "16  2.ALM:|500", "18 << Etc PARAMETER >>|", "19  1. HOME OUT:|3. OUT1,2-ON", "20  2. IN-P WID:|10", "22 << SP Parameter >>|", "23  1. PG TIMER:|20", "24  2. AUTO HOME:|0. Disable", "25  3. LS TIMER:|255", "26  4. EMG LOGIC:|Logic B(0)", "27  5. ALM1 CLEAR:|1. Enable"}));
-    }
-
     void switchText_data()
     {
         QTest::addColumn<QVariant>("value");
@@ -181,22 +173,19 @@ private slots:
 
     void motorSizeIsTheCodesStart() { QCOMPARE(ParaPrintout::motorText(QStringLiteral("E20")), QStringLiteral("E2")); }
 
-    // The footer stands where the operation data sheet has it.
-    void rulesAndFooter()
+    // The rules run across the page; the footer stands where the operation
+    // data sheet has it.
+    void paraSheet()
     {
         RecordedPage page;
         const int pitch = metricsOf(page).gLinePitch;
         ParaPrintout(paraList(), false, PrintedAt).render(page);
-        QCOMPARE(page.lines.size(), 2);
-        for (int i = 0; i < 2; ++i) {
-            QCOMPARE(page.lines[i].x1(), 10.0);
-            QCOMPARE(page.lines[i].x2(), 200.0);
-            QCOMPARE(page.lines[i].y1(), page.lines[i].y2());
-        }
-        QCOMPARE(page.lines[0].y1(), 2.0 * pitch);
+        QCOMPARE(page.sheet(pitch), (QStringList{"1 QM-KTR  Parameters|", "4 << HOMING PARAMETER >>|", "5  1.OFFSET:|65535", "6  2.VEL:|30", "7  3.OFSVEL:|5", "9 << AXIS PARAMETER >>|", "10  1.PULSE:|1000", "11  2.AUTO DRIVE:|2", "12  3.MOTOR:|SP", "14 << PG PARAMETER >>|", "15  1.FUNCTION:|1. With Encorder", "16  2.ALM:|500", "18 << Etc PARAMETER >>|", "19  1. HOME OUT:|3. OUT1,2-ON", "20  2. IN-P WID:|10", "22 << SP Parameter >>|", "23  1. PG TIMER:|20", "24  2. AUTO HOME:|0. Disable", "25  3. LS TIMER:|255", "26  4. EMG LOGIC:|Logic B(0)", "27  5. ALM1 CLEAR:|1. Enable"}));
         const int pitch2 = pitch + 1;
         const int footerRow = 297 / pitch2 - 3;
-        QCOMPARE(page.lines[1].y1(), double((footerRow + 1) * pitch2));
+        const double top = 2.0 * pitch;
+        const double bottom = (footerRow + 1) * pitch2;
+        QCOMPARE(page.lines, (QList<QLineF>{QLineF(10, top, 200, top), QLineF(10, bottom, 200, bottom)}));
         const QStringList footer = page.row(footerRow, pitch2);
         QCOMPARE(footer.size(), 1);
         QVERIFY(footer[0].startsWith(QStringLiteral("  Printed 2024/03/05 14:07")));
