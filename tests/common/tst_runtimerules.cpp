@@ -118,7 +118,6 @@ private slots:
     {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QStringList>("items");
-        QTest::newRow("quoted and bare") << QByteArray("\"QM-KTR\",\"PRM\"\r\n6\r\n") << QStringList{"QM-KTR", "PRM", "6"};
         QTest::newRow("comma inside quotes") << QByteArray("\"a,b\",c\r\n") << QStringList{"a,b", "c"};
         QTest::newRow("blanks around bare items dropped") << QByteArray("  12 ,  x y  \n") << QStringList{"12", "x y"};
         QTest::newRow("blanks inside quotes kept") << QByteArray("\" 1.Power \"\n") << QStringList{" 1.Power "};

@@ -153,6 +153,11 @@ private slots:
         QCOMPARE(dialog.chkDevPgUse, pgUse ? 1 : 0);
         QVERIFY(dialog.chkDevPgUseEnabled && dialog.chkDevPgUseVisible && !dialog.Cancelled);
         QCOMPARE(dialog.familyText, mode ? "QM" : "");
+        // The encoder box shows the recorded use whatever size is chosen.
+        dialog.chkDevPgUse = pgUse ? 0 : 1;
+        dialog.comboDeviceSize.setText("42");
+        dialog.DispPgUse();
+        QCOMPARE(dialog.chkDevPgUse, pgUse ? 1 : 0);
     }
 
     // A missing list leaves the dialog's size empty; Set then stores it so.
@@ -179,17 +184,6 @@ private slots:
         dialog.Form_QueryUnload(1);
         QVERIFY(!dialog.Cancelled && !dialog.closeRequested);
         QCOMPARE(ProgramState::instance().gActSize, "42");
-    }
-
-    // The encoder box shows the recorded use whatever size is chosen.
-    void encoderBoxFollowsTheRecordedUse()
-    {
-        DeviceSelection dialog(list, prompter);
-        dialog.Form_Load("28");
-        dialog.chkDevPgUse = 1;
-        dialog.comboDeviceSize.setText("42");
-        dialog.DispPgUse();
-        QCOMPARE(dialog.chkDevPgUse, 0);
     }
 
 private:

@@ -134,32 +134,11 @@ private slots:
         QVERIFY(ProgramState::instance().gPgUse);
     }
 
-    void entryThatDoesNotFitLeavesTheSet_data()
-    {
-        QTest::addColumn<int>("entry");
-        QTest::addColumn<QVariant>("value");
-        QTest::newRow("text for a number") << 3 << QVariant(QStringLiteral("fast"));
-        QTest::newRow("too large for 16 bits") << 19 << QVariant(40000.0);
-    }
-    void entryThatDoesNotFitLeavesTheSet()
-    {
-        QFETCH(int, entry);
-        QFETCH(QVariant, value);
-        CtParaImage image;
-        DecodeParaBlocks(Size28Replies(), image);
-        image[entry] = value;
-        ParaSet set;
-        set.home.offset = 4321;
-        QVERIFY_THROWS_EXCEPTION(RuntimeError, TakeCtParaImage(image, set));
-        QCOMPARE(set.home.offset, 4321);
-    }
-
     void spCurrentShown_data()
     {
         QTest::addColumn<QString>("raw");
         QTest::addColumn<QString>("shown");
         QTest::newRow("327, the largest") << "0147" << QStringLiteral("2.17");
-        QTest::newRow("FFFF is -1") << "FFFF" << QStringLiteral("0.0");
         QTest::newRow("-300") << "FED4" << QStringLiteral("-2.-16");
         // Beyond raw 327 the 16-bit products overflow (1.5 A: see the read).
         QTest::newRow("328 overflows") << "0148" << QString();

@@ -81,12 +81,10 @@ protected:
         case PdmDpiY:
         case PdmPhysicalDpiX:
         case PdmPhysicalDpiY: return Dpi;
-        case PdmNumColors: return 2;
-        case PdmDepth:
-        case PdmDevicePixelRatio: return 1;
         case PdmDevicePixelRatioScaled: return int(devicePixelRatioFScale());
+        case PdmNumColors: return 2;
+        default: return 1; // one bit deep, one device pixel per pixel
         }
-        return 0;
     }
 
 private:
@@ -239,11 +237,15 @@ private slots:
         QCOMPARE(page.sheet(pitch), (QStringList{"1 QM-KTR  Position Data|Data on screen", "4 << OPERATION DATA >>|", "5  1.SPEED:|30", "6  2.VEL:|9000", "7  3.ACC:|1", "8  4.DIRECTION:|CW", "9  5.DIVISION:|12", "10  6.GEAR:|1", "11  7.STEP ANGLE:|30.000 deg", "13 << ACTUATOR >>|", "14  1.CURRENT:|1.5 A"}));
     }
 
-    void longFileNameStaysOnThePage()
+    // A long file name stays on the page; empty values print nothing after
+    // their labels.
+    void fileSheetWithALongNameAndEmptyValues()
     {
         OpDataPrintData data = screenData();
         data.fromFile = true;
         data.fileName = QStringLiteral("commissioning-line-4-station-12-indexer-after-gear-change-final.qmd");
+        data.current.clear();
+        data.division.clear();
         RecordedPage page;
         const PageMetrics m = metricsOf(page);
         OpDataPrintout(data, PrintedAt).render(page);
@@ -252,19 +254,9 @@ private slots:
         QVERIFY2(shown.endsWith(QStringLiteral(".qmd (New)")), qPrintable(shown));
         for (const RecordedPage::Text& t : page.texts)
             QVERIFY2(t.x + t.width <= m.gRightEdge + 0.2, qPrintable(t.text));
-    }
-
-    void emptyValuesPrintNothing()
-    {
-        OpDataPrintData data = screenData();
-        data.current.clear();
-        data.division.clear();
-        RecordedPage page;
-        const int pitch = metricsOf(page).gLinePitch2;
-        OpDataPrintout(data, PrintedAt).render(page);
-        QCOMPARE(page.row(9, pitch), QStringList{QStringLiteral(" 5.DIVISION:")});
-        QCOMPARE(page.row(11, pitch), QStringList{QStringLiteral(" 7.STEP ANGLE:")});
-        QCOMPARE(page.row(14, pitch), QStringList{QStringLiteral(" 1.CURRENT:")});
+        QCOMPARE(page.row(9, m.gLinePitch2), QStringList{QStringLiteral(" 5.DIVISION:")});
+        QCOMPARE(page.row(11, m.gLinePitch2), QStringList{QStringLiteral(" 7.STEP ANGLE:")});
+        QCOMPARE(page.row(14, m.gLinePitch2), QStringList{QStringLiteral(" 1.CURRENT:")});
     }
 
     void stepAngle_data()
@@ -301,13 +293,9 @@ private slots:
         OpDataPrintout printout(data, PrintedAt);
         const QString raw = pdfText(PdfPrinter::render(printout));
         QStringList order;
-        for (int id : {4730, 25, 149, 4732, 4733})
-            order << comparable(Msg(id));
-        order << "30" << comparable(Msg(4734)) << "9000" << comparable(Msg(4735))
-              << comparable(Msg(4736)) << "CW" << comparable(Msg(4737)) << "12"
-              << comparable(Msg(4738)) << comparable(Msg(4739)) << "30.000"
-              << comparable(Msg(4740)) << comparable(Msg(4741)) << "1.5 A"
-              << "2024/03/05 14:07";
+        // Labels by message id, values as printed, in reading order.
+        for (const QVariant& piece : QVariantList{4730, 25, 149, 4732, 4733, "30", 4734, "9000", 4735, 4736, "CW", 4737, "12", 4738, 4739, "30.000", 4740, 4741, "1.5 A", "2024/03/05 14:07"})
+            order << comparable(piece.typeId() == QMetaType::Int ? Msg(piece.toInt()) : piece.toString());
         QString missing;
         QVERIFY2(findInOrder(comparable(raw), order, &missing) >= 0, qPrintable(missing + "\n" + raw));
         QCOMPARE(raw.count(u'\f'), 1);
