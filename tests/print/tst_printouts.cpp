@@ -81,12 +81,10 @@ protected:
         case PdmDpiY:
         case PdmPhysicalDpiX:
         case PdmPhysicalDpiY: return Dpi;
-        case PdmNumColors: return 2;
-        case PdmDepth:
-        case PdmDevicePixelRatio: return 1;
         case PdmDevicePixelRatioScaled: return int(devicePixelRatioFScale());
+        case PdmNumColors: return 2;
+        default: return 1; // one bit deep, one device pixel per pixel
         }
-        return 0;
     }
 
 private:
@@ -157,14 +155,6 @@ private slots:
         ProgramState::instance().gMsgBase = MessageTable::EnglishBase;
     }
 
-    void paraSheet()
-    {
-        RecordedPage page;
-        const int pitch = metricsOf(page).gLinePitch;
-        ParaPrintout(paraList(), false, PrintedAt).render(page);
-        QCOMPARE(page.sheet(pitch), (QStringList{"1 QM-KTR  Parameters|", "4 << HOMING PARAMETER >>|", "5  1.OFFSET:|65535", "6  2.VEL:|30", "7  3.OFSVEL:|5", "9 << AXIS PARAMETER >>|", "10  1.PULSE:|1000", "11  2.AUTO DRIVE:|2", "12  3.MOTOR:|SP", "14 << PG PARAMETER >>|", "15  1.FUNCTION:|1. With Encorder", "16  2.ALM:|500", "18 << Etc PARAMETER >>|", "19  1. HOME OUT:|3. OUT1,2-ON", "20  2. IN-P WID:|10", "22 << SP Parameter >>|", "23  1. PG TIMER:|20", "24  2. AUTO HOME:|0. Disable", "25  3. LS TIMER:|255", "26  4. EMG LOGIC:|Logic B(0)", "27  5. ALM1 CLEAR:|1. Enable"}));
-    }
-
     void switchText_data()
     {
         QTest::addColumn<QVariant>("value");
@@ -181,22 +171,19 @@ private slots:
 
     void motorSizeIsTheCodesStart() { QCOMPARE(ParaPrintout::motorText(QStringLiteral("E20")), QStringLiteral("E2")); }
 
-    // The footer stands where the operation data sheet has it.
-    void rulesAndFooter()
+    // The rules run across the page; the footer stands where the operation
+    // data sheet has it.
+    void paraSheet()
     {
         RecordedPage page;
         const int pitch = metricsOf(page).gLinePitch;
         ParaPrintout(paraList(), false, PrintedAt).render(page);
-        QCOMPARE(page.lines.size(), 2);
-        for (int i = 0; i < 2; ++i) {
-            QCOMPARE(page.lines[i].x1(), 10.0);
-            QCOMPARE(page.lines[i].x2(), 200.0);
-            QCOMPARE(page.lines[i].y1(), page.lines[i].y2());
-        }
-        QCOMPARE(page.lines[0].y1(), 2.0 * pitch);
+        QCOMPARE(page.sheet(pitch), (QStringList{"1 QM-KTR  Parameters|", "4 << HOMING PARAMETER >>|", "5  1.OFFSET:|65535", "6  2.VEL:|30", "7  3.OFSVEL:|5", "9 << AXIS PARAMETER >>|", "10  1.PULSE:|1000", "11  2.AUTO DRIVE:|2", "12  3.MOTOR:|SP", "14 << PG PARAMETER >>|", "15  1.FUNCTION:|1. With Encorder", "16  2.ALM:|500", "18 << Etc PARAMETER >>|", "19  1. HOME OUT:|3. OUT1,2-ON", "20  2. IN-P WID:|10", "22 << SP Parameter >>|", "23  1. PG TIMER:|20", "24  2. AUTO HOME:|0. Disable", "25  3. LS TIMER:|255", "26  4. EMG LOGIC:|Logic B(0)", "27  5. ALM1 CLEAR:|1. Enable"}));
         const int pitch2 = pitch + 1;
         const int footerRow = 297 / pitch2 - 3;
-        QCOMPARE(page.lines[1].y1(), double((footerRow + 1) * pitch2));
+        const double top = 2.0 * pitch;
+        const double bottom = (footerRow + 1) * pitch2;
+        QCOMPARE(page.lines, (QList<QLineF>{QLineF(10, top, 200, top), QLineF(10, bottom, 200, bottom)}));
         const QStringList footer = page.row(footerRow, pitch2);
         QCOMPARE(footer.size(), 1);
         QVERIFY(footer[0].startsWith(QStringLiteral("  Printed 2024/03/05 14:07")));
@@ -250,11 +237,15 @@ private slots:
         QCOMPARE(page.sheet(pitch), (QStringList{"1 QM-KTR  Position Data|Data on screen", "4 << OPERATION DATA >>|", "5  1.SPEED:|30", "6  2.VEL:|9000", "7  3.ACC:|1", "8  4.DIRECTION:|CW", "9  5.DIVISION:|12", "10  6.GEAR:|1", "11  7.STEP ANGLE:|30.000 deg", "13 << ACTUATOR >>|", "14  1.CURRENT:|1.5 A"}));
     }
 
-    void longFileNameStaysOnThePage()
+    // A long file name stays on the page; empty values print nothing after
+    // their labels.
+    void fileSheetWithALongNameAndEmptyValues()
     {
         OpDataPrintData data = screenData();
         data.fromFile = true;
         data.fileName = QStringLiteral("commissioning-line-4-station-12-indexer-after-gear-change-final.qmd");
+        data.current.clear();
+        data.division.clear();
         RecordedPage page;
         const PageMetrics m = metricsOf(page);
         OpDataPrintout(data, PrintedAt).render(page);
@@ -263,33 +254,19 @@ private slots:
         QVERIFY2(shown.endsWith(QStringLiteral(".qmd (New)")), qPrintable(shown));
         for (const RecordedPage::Text& t : page.texts)
             QVERIFY2(t.x + t.width <= m.gRightEdge + 0.2, qPrintable(t.text));
-    }
-
-    void emptyValuesPrintNothing()
-    {
-        OpDataPrintData data = screenData();
-        data.current.clear();
-        data.division.clear();
-        RecordedPage page;
-        const int pitch = metricsOf(page).gLinePitch2;
-        OpDataPrintout(data, PrintedAt).render(page);
-        QCOMPARE(page.row(9, pitch), QStringList{QStringLiteral(" 5.DIVISION:")});
-        QCOMPARE(page.row(11, pitch), QStringList{QStringLiteral(" 7.STEP ANGLE:")});
-        QCOMPARE(page.row(14, pitch), QStringList{QStringLiteral(" 1.CURRENT:")});
+        QCOMPARE(page.row(9, m.gLinePitch2), QStringList{QStringLiteral(" 5.DIVISION:")});
+        QCOMPARE(page.row(11, m.gLinePitch2), QStringList{QStringLiteral(" 7.STEP ANGLE:")});
+        QCOMPARE(page.row(14, m.gLinePitch2), QStringList{QStringLiteral(" 1.CURRENT:")});
     }
 
     void stepAngle_data()
     {
         QTest::addColumn<QString>("division");
         QTest::addColumn<QString>("angle");
-        QTest::newRow("7") << "7"
-                           << "51.429 deg";
-        QTest::newRow("zero") << "0"
-                              << "";
-        QTest::newRow("fraction") << "2.5"
-                                  << "";
-        QTest::newRow("not a number") << "1x"
-                                      << "";
+        QTest::newRow("7") << "7" << QStringLiteral("51.429 deg");
+        QTest::newRow("zero") << "0" << QString();
+        QTest::newRow("fraction") << "2.5" << QString();
+        QTest::newRow("not a number") << "1x" << QString();
     }
     void stepAngle()
     {
@@ -316,13 +293,9 @@ private slots:
         OpDataPrintout printout(data, PrintedAt);
         const QString raw = pdfText(PdfPrinter::render(printout));
         QStringList order;
-        for (int id : {4730, 25, 149, 4732, 4733})
-            order << comparable(Msg(id));
-        order << "30" << comparable(Msg(4734)) << "9000" << comparable(Msg(4735))
-              << comparable(Msg(4736)) << "CW" << comparable(Msg(4737)) << "12"
-              << comparable(Msg(4738)) << comparable(Msg(4739)) << "30.000"
-              << comparable(Msg(4740)) << comparable(Msg(4741)) << "1.5 A"
-              << "2024/03/05 14:07";
+        // Labels by message id, values as printed, in reading order.
+        for (const QVariant& piece : QVariantList{4730, 25, 149, 4732, 4733, "30", 4734, "9000", 4735, 4736, "CW", 4737, "12", 4738, 4739, "30.000", 4740, 4741, "1.5 A", "2024/03/05 14:07"})
+            order << comparable(piece.typeId() == QMetaType::Int ? Msg(piece.toInt()) : piece.toString());
         QString missing;
         QVERIFY2(findInOrder(comparable(raw), order, &missing) >= 0, qPrintable(missing + "\n" + raw));
         QCOMPARE(raw.count(u'\f'), 1);
