@@ -61,15 +61,14 @@ private slots:
         QTest::addColumn<QString>("typed");
         QTest::addColumn<bool>("byEnter");
         QTest::addColumn<QString>("left");
-        QTest::newRow("full box, caret at the end") << "txtHomeOfsVel"
-                                                    << "12" << false << "3"
-                                                    << "12" << false << "12";
-        QTest::newRow("full box, all selected") << "txtHomeOfsVel"
-                                                << "12" << true << "3"
-                                                << "3" << false << "3";
-        QTest::newRow("Enter leaves the box") << "txtHomeOffset"
-                                              << "" << false << "007"
-                                              << "007" << true << "7";
+        const auto row = [](const char* name, const char* box, const char* before, bool selectAll, const char* keys,
+                            const char* typed, bool byEnter, const char* left) {
+            QTest::newRow(name) << QString(box) << QString(before) << selectAll << QString(keys) << QString(typed) << byEnter
+                                << QString(left);
+        };
+        row("full box, caret at the end", "txtHomeOfsVel", "12", false, "3", "12", false, "12");
+        row("full box, all selected", "txtHomeOfsVel", "12", true, "3", "3", false, "3");
+        row("Enter leaves the box", "txtHomeOffset", "", false, "007", "007", true, "7");
     }
     void paraKeysAndLeaving()
     {
@@ -100,11 +99,9 @@ private slots:
         QTest::addColumn<QByteArray>("sizeCode");
         QTest::addColumn<QString>("shownSize");
         QTest::addColumn<QString>("current");
-        QTest::newRow("28") << QByteArray("1C") << QByteArray("00") << "28"
-                            << "1.5";
+        QTest::newRow("28") << QByteArray("1C") << QByteArray("00") << QString("28") << QString("1.5");
         // The special actuator's current comes from block 7: 300/1875 A.
-        QTest::newRow("special") << QByteArray("14") << QByteArray("03") << "SP"
-                                 << "2.16";
+        QTest::newRow("special") << QByteArray("14") << QByteArray("03") << QString("SP") << QString("2.16");
     }
     void paraReadFillsThePage()
     {
@@ -157,15 +154,12 @@ private slots:
         QTest::addColumn<QString>("action");
         QTest::addColumn<QString>("size");
         QTest::addColumn<QString>("function");
-        QTest::newRow("Set SP with encoder") << "set"
-                                             << "SP"
-                                             << "1. With Encorder";
-        QTest::newRow("Cancel") << "cancel"
-                                << "42"
-                                << "0. No-Encorder";
-        QTest::newRow("closed from the frame") << "close"
-                                               << "42"
-                                               << "0. No-Encorder";
+        const auto row = [](const char* name, const char* action, const char* size, const char* function) {
+            QTest::newRow(name) << QString(action) << QString(size) << QString(function);
+        };
+        row("Set SP with encoder", "set", "SP", "1. With Encorder");
+        row("Cancel", "cancel", "42", "0. No-Encorder");
+        row("closed from the frame", "close", "42", "0. No-Encorder");
     }
     void deviceDialogLeadsToStandardParameters()
     {
@@ -290,19 +284,6 @@ private slots:
 
         clickOption(p.optSTEP);
         QVERIFY(!p.chkTimerUse->isEnabled() && !p.txtTimer->isEnabled());
-    }
-
-    void currentFollowsSize()
-    {
-        OpDataRig rig;
-        QLineEdit* current = rig.page().txtDenryu;
-        QComboBox* size = rig.window->para->comboActSize;
-        size->setCurrentText(QStringLiteral("42"));
-        QCOMPARE(current->text(), QStringLiteral("1.2"));
-        QVERIFY(!current->isEnabled());
-        size->setCurrentText(QStringLiteral("SP"));
-        QVERIFY(current->isEnabled());
-        QCOMPARE(current->text(), QStringLiteral("1.2"));
     }
 
     // Tab and Shift+Tab move on from every box with a key filter, on both
