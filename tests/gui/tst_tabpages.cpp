@@ -41,11 +41,6 @@ void typeInto(QLineEdit* box, const QString& keys)
     QTest::keyClicks(box, keys);
 }
 
-void clickOption(QAbstractButton* option)
-{
-    QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(6, option->height() / 2));
-}
-
 } // namespace
 
 class TestTabPages : public QObject {
