@@ -133,7 +133,6 @@ private slots:
         QTest::addColumn<bool>("pending");
         QTest::addColumn<QString>("stored");
         QTest::newRow("English, no change") << 2 << false << "2";
-        QTest::newRow("English to Japanese") << 2 << true << "1";
         QTest::newRow("Japanese to English") << 1 << true << "2";
         QTest::newRow("stored 0 switched") << 0 << true << "1";
     }

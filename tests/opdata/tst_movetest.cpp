@@ -171,7 +171,6 @@ private slots:
         const auto row = [](const char* name, const char* inputs, const char* outputs, const QStringList& lit) {
             QTest::newRow(name) << QString(inputs) << QString(outputs) << lit;
         };
-        row("inputs 800", "800", "00", QStringList{"imgInputStb"});
         row("inputs A00", "A00", "00", QStringList{"imgInputStb", "imgInputStop"});
         row("inputs 5FF", "5FF", "00", QStringList{});
         row("outputs 43", "000", "43", QStringList{"imgOutputAlm", "imgOutputOut1", "imgOutputOut2"});
