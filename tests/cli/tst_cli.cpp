@@ -184,15 +184,10 @@ private slots:
         QTest::addColumn<QString>("written");
         QTest::addColumn<QStringList>("read");
         QTest::addColumn<QString>("readBack");
-        QTest::newRow("params, 28") << QStringList{"params", "write", "@vel33.pmt"} << "Completed writing parameters.\n"
-                                    << QStringList{"params", "verify", "@vel33.pmt"} << "Result of Verify - OK\n";
         QTest::newRow("params, special") << QStringList{"params", "write", "@sp33.pmt", "--current", "0.16"}
                                          << "Completed writing parameters.\n"
                                          << QStringList{"params", "verify", "@sp33.pmt"}
                                          << "Result of Verify - OK\n";
-        QTest::newRow("opdata, values, CCW")
-            << QStringList{"opdata", "write", "--speed", "1", "--acc", "1", "--division", "12", "--gear", "1", "--dir", "ccw"}
-            << "" << QStringList{"opdata", "read"} << "VEL=300\nACC=1\nDIR=CCW\nDIVISION=12\nGEAR=1\nSPEED=1\n";
         QTest::newRow("opdata, file: its direction is not taken")
             << QStringList{"opdata", "write", "@in.qmd"} << "" << QStringList{"opdata", "read"}
             << "VEL=9000\nACC=1\nDIR=CW\nDIVISION=12\nGEAR=1\nSPEED=30\n";
@@ -236,13 +231,9 @@ private slots:
         QTest::addColumn<QString>("saved");
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QStringList>("lines");
-        QTest::newRow("params") << "params"
-                                << "read.pmt"
-                                << "Completed save parameters into the file.\n"
+        QTest::newRow("params") << QString("params") << QString("read.pmt") << QString("Completed save parameters into the file.\n")
                                 << paraFile("28", 10) << ReadLines;
-        QTest::newRow("opdata") << "opdata"
-                                << "KTRdata.qmd"
-                                << ""
+        QTest::newRow("opdata") << QString("opdata") << QString("KTRdata.qmd") << QString()
                                 << QByteArray("\"QM-B4\",\"Position\"\r\n\"\",\"NEW\"\r\n0,\"300\",\"1\",\"0\",\"0\",\"0\",\"12\",\"1\",\"\"\r\n")
                                 << OpDataLines;
     }
@@ -288,24 +279,6 @@ private slots:
         const QString text = pdfText(out.readAll());
         QString missing;
         QVERIFY2(findInOrder(text, pieces, &missing) >= 0, qPrintable(missing + u'\n' + text));
-    }
-
-    // The whole help lists every command; each command's own shows its line.
-    void helpListsTheCommands()
-    {
-        CliRig rig;
-        const CliRun run = rig.run({"--help"});
-        QCOMPARE(run.exitCode, 0);
-        QVERIFY(run.out.startsWith(QStringLiteral("Usage: ktrctl")));
-        for (const char* command : {"check", "version", "status", "reset", "params read", "params write", "params verify",
-                                    "params diff", "params print", "opdata read", "opdata write", "opdata print", "home",
-                                    "move", "io"}) {
-            QVERIFY2(run.out.contains(QStringLiteral("\n  %1 ").arg(QLatin1String(command))), command);
-            const CliRun own = rig.run(QString::fromLatin1(command).split(u' ') << "--help");
-            QCOMPARE(own.exitCode, 0);
-            QVERIFY2(own.out.contains(QStringLiteral("\n  %1 ").arg(QLatin1String(command))), qPrintable(own.err));
-        }
-        QVERIFY(rig.run({"io", "--help"}).out.contains(QStringLiteral("--watch prints the line once at start and again on every change")));
     }
 
     // A list file that is missing or broken is named, with where it was

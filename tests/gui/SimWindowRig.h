@@ -11,6 +11,7 @@
 #include "support/ScriptedPrompter.h"
 #include "support/TempSettings.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QFileInfo>
 #include <QTimer>
@@ -72,4 +73,10 @@ void whenDialogOpens(const std::function<void(D&)>& act)
         QVERIFY(dialog);
         act(*dialog);
     });
+}
+
+// An option button takes clicks on its circle and caption only.
+inline void clickOption(QAbstractButton* option)
+{
+    QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(6, option->height() / 2));
 }

@@ -51,30 +51,21 @@ private slots:
         QTest::addColumn<bool>("english");
         QTest::addColumn<QString>("text");
 
-        QTest::newRow("form") << "form"
-                              << "4140" << false << "KTR-W5 のバージョン情報";
-        QTest::newRow("form, English run") << "form"
-                                           << "4140" << true << "About KTR-W5";
-        QTest::newRow("label") << "label"
-                               << "4031" << false << "速度";
-        QTest::newRow("label, empty tag") << "label"
-                                          << "" << false << "design";
-        QTest::newRow("label, missing message") << "label"
-                                                << "3999" << false << "design";
-        QTest::newRow("label, leading number") << "label"
-                                               << "4033 acc" << true << "Acceleration";
-        QTest::newRow("label, hexadecimal prefix") << "label"
-                                                   << "&H10" << false << "design";
-        QTest::newRow("button") << "button"
-                                << "4052" << false << "MOVE";
-        QTest::newRow("button, 0") << "button"
-                                   << "0" << false << "design";
-        QTest::newRow("button, too large") << "button"
-                                           << "99999" << false << "design";
-        QTest::newRow("check box") << "check"
-                                   << "4049" << true << "Dwell Timer";
-        QTest::newRow("frame") << "frame"
-                               << "673" << true << "HOME Parameter";
+        const auto row = [](const char* name, const char* kind, const char* tag, bool english, const char* text) {
+            QTest::newRow(name) << QString(kind) << QString(tag) << english << QString(text);
+        };
+        row("form", "form", "4140", false, "KTR-W5 のバージョン情報");
+        row("form, English run", "form", "4140", true, "About KTR-W5");
+        row("label", "label", "4031", false, "速度");
+        row("label, empty tag", "label", "", false, "design");
+        row("label, missing message", "label", "3999", false, "design");
+        row("label, leading number", "label", "4033 acc", true, "Acceleration");
+        row("label, hexadecimal prefix", "label", "&H10", false, "design");
+        row("button", "button", "4052", false, "MOVE");
+        row("button, 0", "button", "0", false, "design");
+        row("button, too large", "button", "99999", false, "design");
+        row("check box", "check", "4049", true, "Dwell Timer");
+        row("frame", "frame", "673", true, "HOME Parameter");
     }
     void captionFromTag()
     {

@@ -105,8 +105,6 @@ private slots:
         QTEST(w.pos(), "position");
         const OpDataPage& op = *w.opData;
         const ParaPage& para = *w.para;
-        QCOMPARE((QStringList{op.comboVEL->itemText(0), op.comboVEL->itemText(29), op.comboACC->itemText(0)}),
-                 (QStringList{"30", "1", "3"}));
         // Both choices show "1"; their values stay empty until the user chooses.
         QCOMPARE((QStringList{op.comboVEL->currentText(), op.comboACC->currentText(), op.txtVEL->text(),
                               op.txtACC->text()}),
@@ -135,7 +133,6 @@ private slots:
         QTest::addColumn<bool>("pending");
         QTest::addColumn<QString>("stored");
         QTest::newRow("English, no change") << 2 << false << "2";
-        QTest::newRow("English to Japanese") << 2 << true << "1";
         QTest::newRow("Japanese to English") << 1 << true << "2";
         QTest::newRow("stored 0 switched") << 0 << true << "1";
     }
@@ -215,25 +212,17 @@ private slots:
         QTest::addColumn<bool>("paced");
         for (const bool paced : {false, true}) {
             const char* line = paced ? "paced" : "instant";
-            QTest::addRow("reply time-out, %s", line) << "cmdRESET"
-                                                      << "AR"
-                                                      << "" << false << false << paced;
+            const auto row = [&](const char* name, const char* button, const char* silent, const char* tooLong, bool dwell,
+                                 bool exitMenu) {
+                QTest::addRow("%s, %s", name, line) << QString(button) << QString(silent) << QString(tooLong) << dwell << exitMenu << paced;
+            };
+            row("reply time-out", "cmdRESET", "AR", "", false, false);
             // A reply one character too long is followed by "0CM6", whose wait has no time limit.
-            QTest::addRow("untimed resync wait, %s", line) << "cmdRESET"
-                                                           << "CM"
-                                                           << "AR" << false << false << paced;
-            QTest::addRow("I/O monitor, %s", line) << "cmdIoMonitor"
-                                                   << ""
-                                                   << "" << false << false << paced;
-            QTest::addRow("I/O monitor, File Exit, %s", line) << "cmdIoMonitor"
-                                                              << ""
-                                                              << "" << false << true << paced;
-            QTest::addRow("move poll, %s", line) << "cmdMOVE"
-                                                 << ""
-                                                 << "" << false << false << paced;
-            QTest::addRow("dwell, %s", line) << "cmdMOVE"
-                                             << ""
-                                             << "" << true << false << paced;
+            row("untimed resync wait", "cmdRESET", "CM", "AR", false, false);
+            row("I/O monitor", "cmdIoMonitor", "", "", false, false);
+            row("I/O monitor, File Exit", "cmdIoMonitor", "", "", false, true);
+            row("move poll", "cmdMOVE", "", "", false, false);
+            row("dwell", "cmdMOVE", "", "", true, false);
         }
     }
     void closingEndsEveryWait()

@@ -1,3 +1,4 @@
+#include "SimWindowRig.h"
 #include "support/ScriptedFileChooser.h"
 #include "support/ScriptedPrompter.h"
 #include "support/TempSettings.h"
@@ -23,12 +24,6 @@
 namespace {
 
 const QString PickedFile = QStringLiteral("/data/line4/station12/KTRdata.qmd");
-
-// An option button takes clicks on its circle and caption only.
-void clickOption(QRadioButton* option)
-{
-    QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(6, option->height() / 2));
-}
 
 // Remembers the page it was asked to draw on.
 class PageSpy : public Printout {
@@ -76,22 +71,27 @@ private slots:
         clickOption(dialog.optPrintPosi_1);
         clickOption(dialog.optPrintPosi_0);
         QVERIFY(!dialog.lblPrintPosiName->isEnabled() && !dialog.cmdSelectPosiFile->isEnabled());
-        QTest::mouseClick(dialog.cmdPrintSet, Qt::LeftButton);
-        QCOMPARE(dialog.result(), int(QDialog::Accepted));
-        QVERIFY(dialog.PrintGridData && !dialog.PrintFileData && !dialog.Cancelled);
-        QVERIFY(m_prompter.shown.isEmpty());
     }
 
-    // A cancelled browse changes nothing, so Set still has no file.
-    void fileBeforeBrowsingIsRefused_data()
+    // Browse shows the bare name and keeps the path, whichever way the dialog
+    // is left. A cancelled browse changes nothing, so Set still has no file.
+    void browseThenLeave_data()
     {
         QTest::addColumn<bool>("fileOnly");
-        QTest::newRow("file chosen") << false;
-        QTest::newRow("only a file can be printed") << true;
+        QTest::addColumn<QString>("picked"); // empty: the browse is cancelled
+        QTest::addColumn<QString>("how");
+        QTest::newRow("browse cancelled") << false << QString() << "set";
+        QTest::newRow("only a file can be printed, browse cancelled") << true << QString() << "set";
+        QTest::newRow("Set") << false << PickedFile << "set";
+        QTest::newRow("Cancel button") << false << PickedFile << "cancel";
+        QTest::newRow("window frame") << false << PickedFile << "close";
     }
-    void fileBeforeBrowsingIsRefused()
+    void browseThenLeave()
     {
         QFETCH(bool, fileOnly);
+        QFETCH(QString, picked);
+        QFETCH(QString, how);
+        m_chooser.setNextFileName(picked);
         PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get(), fileOnly);
         dialog.show();
         if (fileOnly) {
@@ -106,48 +106,25 @@ private slots:
         QVERIFY(dialog.lblPrintPosiName->isEnabled() && dialog.cmdSelectPosiFile->isEnabled());
         QTest::mouseClick(dialog.cmdSelectPosiFile, Qt::LeftButton);
         QCOMPARE(m_chooser.requests.size(), 1);
-        QCOMPARE(dialog.lblPrintPosiName->text(), Msg(1822));
-        QTest::mouseClick(dialog.cmdPrintSet, Qt::LeftButton);
-        QCOMPARE(m_prompter.texts(), QStringList{Msg(1824)});
-        QCOMPARE(m_prompter.shown[0].buttons, Prompter::Buttons::Ok);
-        QVERIFY(dialog.isVisible());
-        QVERIFY(!dialog.PrintFileData && !dialog.PrintGridData && !dialog.Cancelled);
-    }
-
-    // Browse shows the bare name and keeps the path, whichever way the dialog is left.
-    void browseThenLeave_data()
-    {
-        QTest::addColumn<QString>("how");
-        QTest::newRow("Set") << "set";
-        QTest::newRow("Cancel button") << "cancel";
-        QTest::newRow("window frame") << "close";
-    }
-    void browseThenLeave()
-    {
-        QFETCH(QString, how);
-        m_chooser.setNextFileName(PickedFile);
-        PrintSelectDialog dialog(m_chooser, m_prompter, m_main.get(), false);
-        dialog.show();
-        clickOption(dialog.optPrintPosi_1);
-        QTest::mouseClick(dialog.cmdSelectPosiFile, Qt::LeftButton);
-        QCOMPARE(m_chooser.requests.size(), 1);
         const ScriptedFileChooser::Request& request = m_chooser.requests[0];
         QVERIFY(!request.save && request.title == Msg(1828) && request.filter == Msg(351)
                 && request.defaultExtension == Msg(51));
-        QCOMPARE(dialog.lblPrintPosiName->text(), QStringLiteral("KTRdata.qmd"));
-        QCOMPARE(dialog.lblPrintPosiName->toolTip(), PickedFile);
+        QCOMPARE(dialog.lblPrintPosiName->text(), picked.isEmpty() ? Msg(1822) : QStringLiteral("KTRdata.qmd"));
         if (how == "set")
             QTest::mouseClick(dialog.cmdPrintSet, Qt::LeftButton);
         else if (how == "cancel")
             QTest::mouseClick(dialog.cmdPrintCancel, Qt::LeftButton);
         else
             dialog.close();
-        QVERIFY(!dialog.isVisible());
-        QCOMPARE(dialog.PrintFileData, how == "set");
+        QCOMPARE(dialog.isVisible(), picked.isEmpty());
+        QCOMPARE(dialog.PrintFileData, how == "set" && !picked.isEmpty());
         QCOMPARE(dialog.Cancelled, how != "set");
         QVERIFY(!dialog.PrintGridData);
-        QCOMPARE(dialog.PosiFileName, PickedFile);
-        QVERIFY(m_prompter.shown.isEmpty());
+        QCOMPARE(dialog.PosiFileName, picked);
+        QCOMPARE(dialog.lblPrintPosiName->toolTip(), picked);
+        QCOMPARE(m_prompter.texts(), picked.isEmpty() ? QStringList{Msg(1824)} : QStringList{});
+        for (const auto& box : m_prompter.shown)
+            QCOMPARE(box.buttons, Prompter::Buttons::Ok);
     }
 
     // Every way out of the print dialog. The offscreen platform has no

@@ -1,3 +1,4 @@
+#include "SimWindowRig.h"
 #include "common/DataFiles.h"
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
@@ -20,24 +21,7 @@
 #include <QtTest>
 #include <QtWidgets>
 
-#include <functional>
-
 namespace {
-
-// Runs act on the next modal window that opens.
-void onNextModal(const std::function<void(QWidget*)>& act)
-{
-    auto* timer = new QTimer;
-    timer->setInterval(10);
-    QObject::connect(timer, &QTimer::timeout, [timer, act] {
-        if (QWidget* modal = QApplication::activeModalWidget()) {
-            timer->stop();
-            timer->deleteLater();
-            act(modal);
-        }
-    });
-    timer->start();
-}
 
 // While alive, PATH holds only the given folder.
 struct PathOnly {
@@ -94,16 +78,14 @@ private slots:
         QString text;
         QString title;
         int iconShown = -1;
-        onNextModal([&](QWidget* w) {
-            auto* box = qobject_cast<QMessageBox*>(w);
-            QVERIFY(box);
-            text = box->text();
-            title = box->windowTitle();
-            iconShown = box->icon();
+        whenDialogOpens<QMessageBox>([&](QMessageBox& box) {
+            text = box.text();
+            title = box.windowTitle();
+            iconShown = box.icon();
             if (press)
-                box->button(QMessageBox::StandardButton(press))->click();
+                box.button(QMessageBox::StandardButton(press))->click();
             else
-                QTest::keyClick(box, Qt::Key_Escape);
+                QTest::keyClick(&box, Qt::Key_Escape);
         });
         QTEST(int(prompter.ask("Line one\r\nLine two\r\n\r\nLast", Prompter::Buttons(buttons), Prompter::Icon(icon))),
               "answer");
@@ -132,20 +114,18 @@ private slots:
         QWidget owner;
         DialogFileChooser chooser(&owner);
         QStringList filters;
-        onNextModal([&](QWidget* w) {
-            auto* dialog = qobject_cast<QFileDialog*>(w);
-            QVERIFY(dialog);
-            filters = dialog->nameFilters();
-            dialog->setDirectory(dir.path());
+        whenDialogOpens<QFileDialog>([&](QFileDialog& dialog) {
+            filters = dialog.nameFilters();
+            dialog.setDirectory(dir.path());
             // Typed, as a user does: selectFile() leaves a focused name box alone.
-            dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QStringLiteral("unit7"));
-            static_cast<QDialog*>(dialog)->accept();
+            dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QStringLiteral("unit7"));
+            static_cast<QDialog&>(dialog).accept();
         });
         QCOMPARE(chooser.saveFile("Save", "Parameter(*.pmt)|*.pmt|All files(*.*)|*.*", "pmt", "KTRdata.pmt"),
                  dir.filePath("unit7.pmt"));
         QCOMPARE(filters, (QStringList{"Parameter (*.pmt)", "All files (*)"}));
 
-        onNextModal([](QWidget* w) { qobject_cast<QDialog*>(w)->reject(); });
+        whenDialogOpens<QDialog>([](QDialog& dialog) { dialog.reject(); });
         QCOMPARE(chooser.openFile("Open", "Position Data(*.qmd)|*.qmd", "qmd"), QString());
     }
 
@@ -242,7 +222,6 @@ private slots:
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("text");
         const int n = RegistryValue::Number;
-        QTest::newRow("258: bytes joined last to first") << n << QByteArray::fromHex("02010000") << "18";
         QTest::newRow("0x12345678 comes out right") << n << QByteArray::fromHex("78563412") << "305419896";
         QTest::newRow("256: zero first byte") << n << QByteArray::fromHex("00010000") << "0";
         QTest::newRow("2561: inner byte below 16") << n << QByteArray::fromHex("010a0000") << "161";
@@ -259,16 +238,11 @@ private slots:
         QTEST(RegistryValue::text(bytes + QByteArray(1024 - bytes.size(), '\0'), type), "text");
     }
 
-    // One separator between the folder and the page, whichever the folder
-    // ends with.
-    void helpPath()
+    // A folder that ends in a separator gets no second one (the shipped
+    // folder always does: see helpContents).
+    void helpPathAfterASeparator()
     {
-        QTemporaryDir dir;
-        DataFiles::setProgramFolder(dir.path());
         HelpModule help;
-        help.SetHelpFilePath();
-        DataFiles::setProgramFolder({});
-        QCOMPARE(help.helpFile(), dir.path() + "/help/index.html");
         help.SetHelpFilePath("C:\\");
         QCOMPARE(help.helpFile(), QStringLiteral("C:\\help/index.html"));
     }
@@ -297,8 +271,11 @@ private slots:
             QDir(dir.path()).mkpath("help");
             QVERIFY(QFile(index).open(QIODevice::WriteOnly));
         }
+        DataFiles::setProgramFolder(dir.path());
         HelpModule help;
-        help.SetHelpFilePath(dir.path());
+        help.SetHelpFilePath();
+        DataFiles::setProgramFolder({});
+        QCOMPARE(help.helpFile(), dir.path() + "/help/index.html");
         QList<QUrl> opened;
         help.setOpener([&](const QUrl& url) { opened << url; return browser; });
         ScriptedPrompter prompter;

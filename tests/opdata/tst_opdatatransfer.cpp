@@ -7,14 +7,8 @@
 
 namespace {
 
-const char* ExampleReply = "0RP01"
-                           "2328"
-                           "1"
-                           "0"
-                           "00000"
-                           "1"
-                           "0C"
-                           "01";
+// VEL 2328, ACC 1, Spare1 0, Spare2 00000, DIR 1, DIVISION 0C, GEAR 01 (hex).
+const char* ExampleReply = "0RP012328100000010C01";
 const QStringList Locked{"CMDBTN_Muko", "tabs off", "Menyu_Muko", "CMDBTN_Yuko", "tabs on", "Menyu_Yuko"};
 
 // The operation data tab on a scripted line, by default with the example
