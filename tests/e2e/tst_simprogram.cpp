@@ -9,6 +9,7 @@
 namespace {
 
 const QByteArray OtherBlock = "0123456789ABCDEF0123456789ABCDEF";
+const QByteArray OtherRecord = "2328100000000C01";
 
 // ktr-sim started with args and a raw client on its pseudo-terminal.
 struct SimClient {
@@ -51,11 +52,14 @@ private slots:
             SimClient first(args);
             QCOMPARE(first.client.ask("0WD1" + OtherBlock), QByteArray("0WD1\r\n"));
             QCOMPARE(first.client.ask("0WE"), QByteArray("0WE\r\n"));
+            QCOMPARE(first.client.ask("0WP01" + OtherRecord), QByteArray("0WP01\r\n"));
+            QCOMPARE(first.client.ask("0WA0101"), QByteArray("0WA\r\n"));
             QCOMPARE(first.client.ask("0WD2" + OtherBlock), QByteArray("0WD2\r\n"));
             QCOMPARE(first.sim.stop(), 0);
         }
         SimClient second(args);
         QCOMPARE(second.client.ask("0RD1"), "0RD1" + OtherBlock + "\r\n");
+        QCOMPARE(second.client.ask("0RP01"), "0RP01" + OtherRecord + "\r\n");
         QCOMPARE(second.client.ask("0RD2"), QByteArray("0RD2000114020003E80007D00A0500000000\r\n"));
     }
 

@@ -44,7 +44,6 @@ private slots:
         QTest::addColumn<QString>("status");
         using K = LinkOutcome::Kind;
         const QString overload = QStringLiteral("Communication error occurs!\r\nError No.301\r\n[Overload alarm.]");
-        QTest::newRow("one read") << Frames{"0RA1\r\n"} << QByteArray() << 6 << false << K::Ok << "" << true << " ";
         QTest::newRow("one character per read")
             << Frames{"0", "R", "A", "1", "\r", "\n"} << QByteArray() << 6 << false << K::Ok << "" << true << " ";
         QTest::newRow("text after a CR LF inside a read stays in the line")
