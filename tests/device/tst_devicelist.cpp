@@ -1,4 +1,5 @@
 #include "common/DataFiles.h"
+#include "common/MessageTable.h"
 #include "common/FileBytes.h"
 #include "common/ProgramState.h"
 #include "device/ActSizeList.h"
@@ -13,9 +14,6 @@
 #include <QTest>
 
 namespace {
-
-const QString NoList = QStringLiteral("No device list file.\r\nPut device list file in the folder in which the program "
-                                      "is saved in order to indicate device information correctly.");
 
 QByteArray records(int count, int kinds)
 {
@@ -72,7 +70,7 @@ private slots:
         QCOMPARE(list.ReadDeviceList(prompter), 0);
         writeList(content);
         QCOMPARE(list.ReadDeviceList(prompter), result);
-        QCOMPARE(prompter.texts(), result ? QStringList{NoList} : QStringList());
+        QCOMPARE(prompter.texts(), result ? QStringList{MsgLines({15, 16})} : QStringList());
         QCOMPARE(list.gDevListMissing, result == 1);
         if (result == 0)
             QTEST(list.gSizeKinds[list.gSizeKindMax], "lastKind");
@@ -95,7 +93,7 @@ private slots:
         QVERIFY(prompter.shown.isEmpty());
         writeList({});
         QCOMPARE(DeviceList::FindSizeInDeviceList("QM", size, prompter), 1);
-        QCOMPARE(prompter.texts(), QStringList{"No device list file."});
+        QCOMPARE(prompter.texts(), QStringList{Msg(15)});
     }
 
     void actSizeList_data()
@@ -107,7 +105,6 @@ private slots:
         const QStringList sizes{"28", "35", "42", "SP"};
         const QByteArray coded = "2\r\n\"42L-100\",1,2,3,4\r\n\"28L-100\",1,2,3,4\r\n";
         QTest::newRow("known size stays") << QByteArray("shipped") << "42" << QStringLiteral("42") << sizes;
-        QTest::newRow("empty takes the first kind") << QByteArray("shipped") << "" << QStringLiteral("28") << sizes;
         QTest::newRow("unknown size takes the first kind") << QByteArray("shipped") << "77" << QStringLiteral("28") << sizes;
         QTest::newRow("first kind that is no fixed size") << coded << "35" << QStringLiteral("42L") << sizes;
         QTest::newRow("no list") << QByteArray() << "35" << QStringLiteral("35") << QStringList{"old"};
