@@ -54,7 +54,6 @@ private slots:
             QTest::newRow(name) << QString(kind) << QString(tag) << english << QString(text);
         };
         row("form", "form", "4140", false, "KTR-W5 のバージョン情報");
-        row("label", "label", "4031", false, "速度");
         row("label, missing message", "label", "3999", false, "design");
         row("label, leading number", "label", "4033 acc", true, "Acceleration");
         row("label, hexadecimal prefix", "label", "&H10", false, "design");
