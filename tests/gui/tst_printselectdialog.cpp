@@ -5,7 +5,6 @@
 
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
-#include "common/Settings.h"
 #include "print/PrintCanvas.h"
 #include "print/widgets/PrintSelectDialog.h"
 #include "print/widgets/PrinterOutput.h"
@@ -54,7 +53,6 @@ private slots:
         m_prompter = ScriptedPrompter();
         m_chooser = ScriptedFileChooser();
         m_main = std::make_unique<QWidget>();
-        m_main->move(200, 150);
     }
     void cleanup()
     {

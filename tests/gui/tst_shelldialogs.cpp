@@ -30,15 +30,6 @@ struct PathOnly {
     const QByteArray old = qgetenv("PATH");
 };
 
-QString writeScript(const QString& path, const QString& body)
-{
-    QFile f(path);
-    if (f.open(QIODevice::WriteOnly))
-        f.write(("#!/bin/sh\n" + body + "\n").toUtf8());
-    f.setPermissions(f.permissions() | QFileDevice::ExeOwner);
-    return path;
-}
-
 } // namespace
 
 class TestShellDialogs : public QObject {
@@ -305,7 +296,11 @@ private slots:
         SysInfoLauncher().StartSysInfo(prompter);
         QCOMPARE(prompter.texts(), QStringList{Msg(1206)});
 
-        writeScript(tool, "echo started > '" + marker + "'");
+        QFile script(tool);
+        QVERIFY(script.open(QIODevice::WriteOnly));
+        script.write(("#!/bin/sh\necho started > '" + marker + "'\n").toUtf8());
+        script.close();
+        QVERIFY(script.setPermissions(script.permissions() | QFileDevice::ExeOwner));
         SysInfoLauncher().StartSysInfo(prompter);
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(marker), 5000);
         QCOMPARE(prompter.shown.size(), 1);
