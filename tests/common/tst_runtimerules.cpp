@@ -183,7 +183,8 @@ private slots:
         QTest::addColumn<int>("count");
         QTest::newRow("line break escape") << QByteArray("5\ta\\nb\ten") << 5 << "a\nb" << 2;
         QTest::newRow("tab escape") << QByteArray("5\tja\tx\\ty") << 10005 << "x\ty" << 2;
-        QTest::newRow("escaped backslash") << QByteArray("5\tC:\\\\n\ten") << 5 << "C:\\n" << 2;
+        QTest::newRow("escaped backslash") << QByteArray("5\tC:\\\\n\ten") << 5 << "C:\\n"
+                                           << 2;
         QTest::newRow("unknown escape kept") << QByteArray("5\ta\\qb\ten") << 5 << "a\\qb" << 2;
         QTest::newRow("trailing backslash kept") << QByteArray("5\ta\\\ten") << 5 << "a\\" << 2;
         QTest::newRow("CR LF, blanks kept") << QByteArray("5\tja\t en \r\n6\tj6\te6\r\n") << 10005 << " en " << 4;

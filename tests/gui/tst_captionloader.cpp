@@ -89,7 +89,6 @@ private slots:
         auto* list = new QTreeWidget(central);
         list->setHeaderLabels({"a", "b", "c"});
         list->headerItem()->setData(0, Qt::UserRole, "4056");
-        list->headerItem()->setData(2, Qt::UserRole, "text");
         QAction* tool = form.addToolBar("tools")->addAction("4071");
         tool->setToolTip("4066");
         auto* foreign = new QLabel("design", new QDialog(&form));

@@ -24,7 +24,6 @@ private slots:
         QTest::addColumn<int>("language");
         QTest::addColumn<int>("msgBase");
         QTest::newRow("Japan, English stored") << "Japan" << 2 << false << 2 << 10000;
-        QTest::newRow("Japan, 0 stored") << "Japan" << 0 << false << 0 << 10000;
         QTest::newRow("Germany, Japanese stored") << "Germany" << 1 << true << 2 << 10000;
         QTest::newRow("lower case is another name") << "japan" << 1 << true << 2 << 10000;
         QTest::newRow("Japan as the system names it") << QLocale::territoryToString(QLocale::Japan) << 1 << false << 1 << 0;
