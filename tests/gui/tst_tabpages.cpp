@@ -13,7 +13,6 @@
 #include "print/PdfPrinter.h"
 #include "print/PdfText.h"
 #include "print/widgets/PrintSelectDialog.h"
-#include "sim/ControllerMemory.h"
 #include "support/ControllerFiles.h"
 
 #include <QTemporaryDir>
@@ -87,26 +86,6 @@ private slots:
             rig.page().cmdParaRead->setFocus();
         QTEST(edit->text(), "left");
         QVERIFY(!edit->hasFocus() && edit->isEnabled());
-    }
-
-    // The special actuator's current comes from block 7: 300/1875 A.
-    void paraReadFillsThePage()
-    {
-        ParaRig rig;
-        QByteArray block1 = rig.sim().memory().block(1);
-        rig.sim().memory().writeBlock(1, block1.replace(18, 2, "14").replace(26, 2, "03"));
-        rig.sim().memory().writeBlock(7, rig.sim().memory().block(7).replace(12, 4, "012C"));
-
-        QTest::mouseClick(rig.page().cmdParaRead, Qt::LeftButton);
-        QCOMPARE(rig.prompter.texts(), QStringList());
-        ParaPage& p = rig.page();
-        const QStringList shown = {p.txtHomeOffset->text(), p.txtHomeVel->text(), p.txtAxisPulse->text(),
-                                   p.txtPgAlarm->text(), p.txtInpLimit->text(), p.txtLsSerchTimer->text(),
-                                   p.comboAxisAutoDrv->currentText(), p.comboPgFunc->currentText(), p.comboHomeOut->currentText(),
-                                   p.comboActSize->currentText(), rig.window->opData->txtDenryu->text()};
-        QCOMPARE(shown, (QStringList{"30", "10", "400", "1000", "10", "10", "0. Drive-ON", "0. No-Encorder", "0. OUT-OFF", "SP", "2.16"}));
-        QVERIFY(p.optEmgLogic_0->isChecked() && p.optAlarmAutoClear_0->isChecked());
-        QVERIFY(p.cmdParaRead->isEnabled() && rig.window->mnuFileOpen->isEnabled());
     }
 
     void specialParametersUnlock()
@@ -306,21 +285,6 @@ private slots:
         // Those edits mark both tabs edited.
         QVERIFY(rig.window->findChild<ParaPageController*>()->data().paraEdited);
         QVERIFY(ProgramState::instance().gDataChanged);
-    }
-
-    void readFillsTheTabAndTheSpeedChoice()
-    {
-        OpDataRig rig;
-        rig.sim().memory().writeRecord(1, "2328100000010C01");
-        QTest::mouseClick(rig.page().cmdGetfromCt, Qt::LeftButton);
-
-        OpDataPage& p = rig.page();
-        const QStringList shown = {p.txtVEL->text(), p.txtACC->text(), p.txtDIVISION->text(), p.txtGEAR->text(),
-                                   p.comboVEL->currentText(), p.comboACC->currentText()};
-        QCOMPARE(shown, (QStringList{"9000", "1", "12", "1", "30", "1"}));
-        QVERIFY(p.optCCW->isChecked());
-        QVERIFY(!ProgramState::instance().gDataChanged);
-        QVERIFY(p.cmdGetfromCt->isEnabled() && p.comboVEL->isEnabled());
     }
 
     // STOP while the fourth move of a continuous run: it completes, and no

@@ -67,7 +67,6 @@ private slots:
         QTest::addColumn<bool>("moving");
         QTest::newRow("step") << false << 1 << QStringList{"0RA1", "0MP01", "0RA0", "0RA0", "0RA1"} << 2 << false;
         QTest::newRow("moving: nothing sent") << false << 1 << QStringList{"0RA0"} << 1 << false;
-        QTest::newRow("status 3: nothing sent") << false << 1 << QStringList{"0RA3"} << 1 << false;
         QTest::newRow("status failure") << true << 1 << QStringList{"0RA1", "0MP01", "0RA5"} << 1 << true;
         QStringList series{"0RA1"};
         for (int i = 0; i < 15; ++i)
