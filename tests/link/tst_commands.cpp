@@ -34,7 +34,6 @@ private slots:
         QTest::addColumn<int>("timeoutMs");
         const QByteArray hex32(32, 'F');
         QTest::newRow("0CM check") << ROUTINE(CheckCommunication()) << QByteArray("0CM6") << QByteArray("0CM6\r\n") << 2000;
-        QTest::newRow("0CM mode") << ROUTINE(SetCommMode(7)) << QByteArray("0CM7") << QByteArray("0CM7\r\n") << 5000;
         QTest::newRow("0RD") << ROUTINE(ReadParaBlock(2, 3000)) << QByteArray("0RD2") << "0RD2" + hex32 + "\r\n"
                              << 3000;
         QTest::newRow("0WD") << ROUTINE(WriteParaBlock("0" + QString(32, 'A'))) << "0WD0" + QByteArray(32, 'A')
