@@ -76,6 +76,9 @@ signals:
     // communication log (CR LF not included).
     void frameSent(const QByteArray& frame);
     void lineReceived(const QByteArray& line);
+    // A transaction ended without a usable reply (time-out, wrong length or
+    // echo, port lost, port not opened); timeoutMs is the one it waited for.
+    void transactionFailed(LinkOutcome::Kind kind, int timeoutMs);
 
 private:
     struct Private;
