@@ -96,10 +96,12 @@ int CliProgram::run(const GlobalOptions& options, Interrupt& interrupt, const QE
         return session.usageError(Msg(NoCommand));
     QStringList args;
     const CliCommand* found = command(options, &args);
+    if (!found && options.command.contains(HelpOption) && printGroupHelp(options.command.first()))
+        return ExitDone;
     if (!found)
         return session.usageError(Msg(UnknownCommand).arg(options.command.first()));
     if (args.contains(HelpOption)) {
-        printCommandHelp(*found);
+        printCommandHelp({found});
         return ExitDone;
     }
     return runCommand(session, *found, args, options, clock);
@@ -138,14 +140,29 @@ void CliProgram::printHelp() const
           << Msg(ExitStatusLine) << '\n';
 }
 
-// ktrctl COMMAND --help: the usage line, the command's own lines, the exit
+// ktrctl COMMAND --help: the usage line, the commands' own lines, the exit
 // statuses.
-void CliProgram::printCommandHelp(const CliCommand& command) const
+void CliProgram::printCommandHelp(const QList<const CliCommand*>& commands) const
 {
-    m_out << Msg(HelpFirst) << "\n\n"
-          << Msg(command.usageMessage) << '\n';
-    if (command.detailMessage != 0)
-        m_out << Msg(command.detailMessage) << '\n';
+    m_out << Msg(HelpFirst) << "\n\n";
+    for (const CliCommand* command : commands) {
+        m_out << Msg(command->usageMessage) << '\n';
+        if (command->detailMessage != 0)
+            m_out << Msg(command->detailMessage) << '\n';
+    }
     m_out << '\n'
           << Msg(ExitStatusLine) << '\n';
+}
+
+// ktrctl params --help: every command of the group whose first word is given.
+bool CliProgram::printGroupHelp(const QString& word) const
+{
+    QList<const CliCommand*> group;
+    for (const CliCommand& command : m_registry.commands()) {
+        if (command.name.startsWith(word + u' '))
+            group << &command;
+    }
+    if (!group.isEmpty())
+        printCommandHelp(group);
+    return !group.isEmpty();
 }
