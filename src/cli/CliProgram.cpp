@@ -19,10 +19,13 @@
 
 #include <QTextStream>
 
+#include <array>
+
 namespace {
 
-constexpr int HelpFirst = 4801; // usage line, description, "Options:", the options
-constexpr int HelpLast = 4809;
+constexpr int HelpFirst = 4801;
+// The usage line, description, "Options:", the options.
+constexpr std::array HelpLines{HelpFirst, 4802, 4803, 4804, 4805, 4806, 4823, 4807, 4808, 4809};
 constexpr int CommandsHeading = 4810;
 constexpr int ExitStatusLine = 4811;
 constexpr int NoCommand = 4816;
@@ -130,7 +133,7 @@ int CliProgram::runCommand(CliSession& session, const CliCommand& command, const
 
 void CliProgram::printHelp() const
 {
-    for (int id = HelpFirst; id <= HelpLast; ++id)
+    for (const int id : HelpLines)
         m_out << Msg(id) << '\n';
     m_out << '\n'
           << Msg(CommandsHeading) << '\n';
