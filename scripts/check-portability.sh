@@ -54,7 +54,7 @@ echo "POSIX-only code only in the files of $list"
 [ "${1:-}" = --sources-only ] && exit 0
 
 dir=build-portable
-cmake -S . -B "$dir" -DKTR_GUI=OFF -DKTR_PORTABLE_FALLBACKS=ON >/dev/null
+cmake -S . -B "$dir" -DKTR_GUI=OFF -DKTR_PORTABLE_FALLBACKS=ON -DKTR_WERROR=ON >/dev/null
 cmake --build "$dir" -j"$(nproc 2>/dev/null || echo 2)" --target ktrctl ktr-sim tst_cli tst_ktrctl >/dev/null
 compiled() { grep -qF "\"file\": \"$PWD/$1\"" "$dir/compile_commands.json"; }
 for file in $swapped; do
