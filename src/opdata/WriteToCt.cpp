@@ -74,19 +74,20 @@ int WriteToCt::steps()
         m_ctx.prompter.tell(Msg(StatusFailed), Prompter::Icon::Exclamation);
         return 1;
     default:
-        return WritePosidataToCt() == 0 ? confirm() : 1;
+        break;
     }
+    if (WritePosidataToCt() != 0)
+        return 1;
+    if (m_readBackAsked)
+        confirmWrite();
+    return 0;
 }
 
-// A write succeeds without a message; asked to read it back, the user is
-// told how the read-back came out.
-int WriteToCt::confirm()
+// A write succeeds without a message; a read-back tells how it came out.
+void WriteToCt::confirmWrite()
 {
-    if (!m_readBackAsked)
-        return 0;
     m_readBack = ReadOpDataBack(m_ctx, m_view, m_state.PosiData);
     m_readBack.tell(m_ctx.prompter);
-    return 0;
 }
 
 int WriteToCt::WritePosidataToCt()

@@ -31,7 +31,7 @@ public:
 private:
     int heldSteps();
     int steps();
-    int confirm();
+    void confirmWrite();
 
     SequenceContext& m_ctx;
     OpDataState& m_state;
