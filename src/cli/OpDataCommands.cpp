@@ -8,6 +8,7 @@
 #include "cli/IoCommand.h"
 #include "cli/MoveCommands.h"
 #include "cli/NumberArgument.h"
+#include "cli/ReadBackOutput.h"
 #include "common/MessageTable.h"
 #include "opdata/OpDataFile.h"
 #include "opdata/OpDataFileCommands.h"
@@ -28,9 +29,11 @@ constexpr int Missing = 4523;
 constexpr int PdfNotWritten = 4525;
 constexpr int ValuesOnStdout = 5302;
 constexpr int IoWatchDetail = 5303;
+constexpr int ConfirmHelp = 5565;
 
 const QString OutputOption = QStringLiteral("-o");
 const QString DirOption = QStringLiteral("--dir");
+const QString ConfirmFlag = QStringLiteral("--confirm");
 const QStringList ValueOptions = {QStringLiteral("--speed"), QStringLiteral("--acc"),
                                   QStringLiteral("--division"), QStringLiteral("--gear")};
 
@@ -121,11 +124,11 @@ int screenFromValues(CliSession& session, const CommandArguments& parsed, OpData
     return ExitDone;
 }
 
-// opdata write FILE.qmd [--dir cw|ccw]
-// opdata write --speed N --acc N --division N --gear N [--dir cw|ccw]
+// opdata write FILE.qmd [--dir cw|ccw] [--confirm]
+// opdata write --speed N --acc N --division N --gear N [--dir cw|ccw] [--confirm]
 int writeCommand(CliSession& session, const QStringList& args)
 {
-    CommandArguments parsed(ValueOptions + QStringList{DirOption}, {}, 1);
+    CommandArguments parsed(ValueOptions + QStringList{DirOption}, {ConfirmFlag}, 1);
     if (const int bad = parsed.parse(session, args))
         return bad;
     const QString dir = parsed.value(DirOption).toLower();
@@ -143,7 +146,11 @@ int writeCommand(CliSession& session, const QStringList& args)
     if (loaded != ExitDone)
         return loaded;
     view.shown.optCW = dir != u"ccw";
-    return WriteToCt(session.context(), state, view).run() == 0 ? ExitDone : ExitLinkFailed;
+    const bool confirm = parsed.has(ConfirmFlag);
+    WriteToCt write(session.context(), state, view);
+    if (write.run(confirm) != 0)
+        return ExitLinkFailed;
+    return confirm ? printReadBack(session, write.readBack()) : ExitDone;
 }
 
 // opdata print FILE.qmd -o OUT.pdf
@@ -174,7 +181,7 @@ int printCommand(CliSession& session, const QStringList& args)
 void addOpDataCommands(CommandRegistry& registry)
 {
     registry.add({QStringLiteral("opdata read"), 4510, true, readCommand});
-    registry.add({QStringLiteral("opdata write"), 4511, true, writeCommand});
+    registry.add({QStringLiteral("opdata write"), 4511, true, writeCommand, ConfirmHelp});
     registry.add({QStringLiteral("opdata print"), 4513, false, printCommand});
     registry.add({QStringLiteral("home"), 4514, true, home});
     registry.add({QStringLiteral("move"), 4515, true, move});

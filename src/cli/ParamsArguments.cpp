@@ -11,8 +11,9 @@ constexpr int UnexpectedArgument = 4818;
 constexpr int MissingArgument = 4317;
 } // namespace
 
-ParamsArguments::ParamsArguments(const QStringList& options, const QStringList& files)
+ParamsArguments::ParamsArguments(const QStringList& options, const QStringList& files, const QStringList& flags)
     : m_options(options)
+    , m_flags(flags)
     , m_fileNames(files)
 {
 }
@@ -25,6 +26,10 @@ int ParamsArguments::parse(CliSession& session, const QStringList& args)
             if (m_files.size() == m_fileNames.size())
                 return session.usageError(Msg(UnexpectedArgument).arg(arg));
             m_files << arg;
+            continue;
+        }
+        if (m_flags.contains(arg)) {
+            m_values.insert(arg, QString());
             continue;
         }
         if (!m_options.contains(arg))

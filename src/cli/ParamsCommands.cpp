@@ -5,6 +5,7 @@
 #include "cli/ExitStatus.h"
 #include "cli/ListFiles.h"
 #include "cli/ParamsArguments.h"
+#include "cli/ReadBackOutput.h"
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
 #include "common/RuntimeError.h"
@@ -30,6 +31,7 @@ namespace {
 
 const QString Output = QStringLiteral("-o");
 const QString Current = QStringLiteral("--current");
+const QString Confirm = QStringLiteral("--confirm");
 const QString ParaFileArg = QStringLiteral("FILE.pmt");
 
 constexpr int InvalidValue = 4814;
@@ -38,6 +40,7 @@ constexpr int CurrentNotTaken = 4316;
 constexpr int MissingArgument = 4317;
 constexpr int CannotWrite = 4318;
 constexpr int ValuesOnStdout = 5302;
+constexpr int ConfirmHelp = 5564;
 
 // A parameter file as the page holds it after Open. A file that cannot be
 // taken in whole is refused here (message 681), before anything is sent.
@@ -73,10 +76,7 @@ int printReport(CliSession& session, const CtParaImage& image, const ParaSet& se
 {
     ParaCompareLines lines;
     const int result = MakeParaCompareList(image, set, lines);
-    QString text = ParaVerifyReport(result, lines).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    if (!text.endsWith(u'\n'))
-        text += u'\n';
-    session.out() << text;
+    printBoxText(session, ParaVerifyReport(result, lines));
     return result == 0 ? ExitDone : ExitDiffer;
 }
 
@@ -148,7 +148,7 @@ int takeCurrent(CliSession& session, const ParamsArguments& arguments, const Par
 
 int writeParams(CliSession& session, const QStringList& args)
 {
-    ParamsArguments arguments({Current}, {ParaFileArg});
+    ParamsArguments arguments({Current}, {ParaFileArg}, {Confirm});
     if (const int bad = arguments.parse(session, args))
         return bad;
     ParaData data;
@@ -161,10 +161,13 @@ int writeParams(CliSession& session, const QStringList& args)
     if (!screenAccepted(session, data, screen))
         return ExitUsage;
 
-    const int result = ParaWriteCommand(session.context(), data).WriteParaWorker(screen);
+    ParaWriteCommand write(session.context(), data);
+    const int result = write.WriteParaWorker(screen, arguments.has(Confirm));
     session.link().CloseCommPort();
     if (result != 0)
         return ExitLinkFailed;
+    if (arguments.has(Confirm))
+        return printReadBack(session, write.readBack());
     session.out() << Msg(1527) << '\n';
     return ExitDone;
 }
@@ -228,7 +231,7 @@ int printParams(CliSession& session, const QStringList& args)
 void addParamsCommands(CommandRegistry& registry)
 {
     registry.add({QStringLiteral("params read"), 4310, true, readParams});
-    registry.add({QStringLiteral("params write"), 4311, true, writeParams});
+    registry.add({QStringLiteral("params write"), 4311, true, writeParams, ConfirmHelp});
     registry.add({QStringLiteral("params verify"), 4312, true, verifyParams});
     registry.add({QStringLiteral("params diff"), 4313, false, diffParams});
     registry.add({QStringLiteral("params print"), 4314, false, printParams});

@@ -22,6 +22,8 @@ inline constexpr IntSetting Language{"Languege", 1};
 inline constexpr IntSetting PortOccupy{"PortOccupy", 1};
 inline constexpr IntSetting MmRoundUp{"MmRoundUp", 1};
 inline constexpr IntSetting DispMmUnit{"DispMmUnit", 1};
+// Read every write back and compare (on when greater than 0); off unless chosen.
+inline constexpr IntSetting ConfirmWrites{"ConfirmWrites", 0};
 // The main window's position in twips; only ever read.
 inline constexpr SingleSetting MainLeft{"MainLeft", 1000};
 inline constexpr SingleSetting MainTop{"MainTop", 1000};

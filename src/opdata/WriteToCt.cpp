@@ -8,6 +8,7 @@
 #include "link/Prompter.h"
 #include "link/SequenceContext.h"
 #include "link/SequenceGuard.h"
+#include "opdata/OpDataReadBack.h"
 #include "opdata/OpDataRecord.h"
 #include "opdata/OpDataState.h"
 #include "opdata/OpDataTorikomi.h"
@@ -39,6 +40,12 @@ WriteToCt::WriteToCt(SequenceContext& ctx, OpDataState& state, OpDataView& view)
 
 int WriteToCt::run()
 {
+    return run(ReadBack::chosen());
+}
+
+int WriteToCt::run(bool readBack)
+{
+    m_readBackAsked = readBack;
     const int result = heldSteps();
     ProgramState::instance().gDataChanged = false;
     return result;
@@ -67,8 +74,20 @@ int WriteToCt::steps()
         m_ctx.prompter.tell(Msg(StatusFailed), Prompter::Icon::Exclamation);
         return 1;
     default:
-        return WritePosidataToCt();
+        break;
     }
+    if (WritePosidataToCt() != 0)
+        return 1;
+    if (m_readBackAsked)
+        confirmWrite();
+    return 0;
+}
+
+// A write succeeds without a message; a read-back tells how it came out.
+void WriteToCt::confirmWrite()
+{
+    m_readBack = ReadOpDataBack(m_ctx, m_view, m_state.PosiData);
+    m_readBack.tell(m_ctx.prompter);
 }
 
 int WriteToCt::WritePosidataToCt()

@@ -11,6 +11,7 @@
 #include "params/ParaBlockCodec.h"
 #include "params/ParaCommandFrame.h"
 #include "params/ParaData.h"
+#include "params/ParaReadBack.h"
 #include "params/ParaScreen.h"
 #include "params/ParaScreenTransfer.h"
 #include "params/ParaValueCheck.h"
@@ -43,10 +44,11 @@ ParaWriteCommand::ParaWriteCommand(SequenceContext& ctx, ParaData& data)
 
 void ParaWriteCommand::cmdParaWrite_Click(const ParaScreen& screen)
 {
-    runParaTransaction(m_ctx, [&] { WriteParaWorker(screen); });
+    const bool readBack = ReadBack::chosen();
+    runParaTransaction(m_ctx, [&] { WriteParaWorker(screen, readBack); });
 }
 
-int ParaWriteCommand::WriteParaWorker(const ParaScreen& screen)
+int ParaWriteCommand::WriteParaWorker(const ParaScreen& screen, bool readBack)
 {
     Prompter& prompter = m_ctx.prompter;
     if (prompter.ask(Msg(470), Prompter::Buttons::YesNo, Prompter::Icon::Question) != Prompter::Answer::Yes)
@@ -69,10 +71,16 @@ int ParaWriteCommand::WriteParaWorker(const ParaScreen& screen)
         return 1;
     }
     const int result = WriteParaToCt(screen.txtDenryu);
+    if (result == 0 && readBack)
+        m_readBack = ReadParaBack(m_ctx, m_data.set, m_data.image);
     ProgramState::instance().gCommBusy = false;
     if (result == 0)
         m_data.paraEdited = false;
-    prompter.tell(Msg(result == 0 ? 1527 : 1528));
+    // A read-back's outcome takes the place of the completion message.
+    if (m_readBack.result != ReadBack::Result::NotRun)
+        m_readBack.tell(prompter);
+    else
+        prompter.tell(Msg(result == 0 ? 1527 : 1528));
     return result;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "link/ReadBack.h"
+
 #include <QString>
 
 #include <array>
@@ -15,14 +17,19 @@ public:
     ParaWriteCommand(SequenceContext& ctx, ParaData& data);
 
     // Commands and menus off and the busy flag set around WriteParaWorker;
-    // the port is closed afterwards unless it is kept occupied.
+    // the port is closed afterwards unless it is kept occupied. The window's
+    // option decides whether the write is read back.
     void cmdParaWrite_Click(const ParaScreen& screen);
 
     // Confirmation (470), input check (7, 8), range check (1524, 1525), the
     // at-rest query (moving: 424, no answer: 377), WriteParaToCt, and the
-    // outcome (1527 written, 1528 failed). 0 when the parameters were
-    // written, 1 otherwise.
-    int WriteParaWorker(const ParaScreen& screen);
+    // outcome (1527 written, 1528 failed). With readBack, a write that went
+    // through is read back (ReadParaBack) and the read-back's message is
+    // shown instead of 1527. 0 when the parameters were written, 1 otherwise.
+    int WriteParaWorker(const ParaScreen& screen, bool readBack = false);
+
+    // The read-back of the last WriteParaWorker (NotRun without one).
+    const ReadBack& readBack() const { return m_readBack; }
 
     // Sends the set: "0WD" for blocks 0, 1, 2 and "0WE"; for the special
     // actuator (size "20") also "0RD7", "0WD7" with the operating current
@@ -42,4 +49,5 @@ private:
     SequenceContext& m_ctx;
     ParaData& m_data;
     int m_step = 0;
+    ReadBack m_readBack;
 };

@@ -116,7 +116,8 @@ QByteArray CommandInterpreter::writeBlock(const QByteArray& data)
         return refuse(ControllerError::OutOfRange);
     if (m_axis.moving())
         return refuse(ControllerError::AxisMoving);
-    m_memory.writeBlock(block, data.mid(1));
+    if (m_writesTaken)
+        m_memory.writeBlock(block, data.mid(1));
     return "0WD" + data.left(1);
 }
 
@@ -160,7 +161,8 @@ QByteArray CommandInterpreter::writeRecord(const QByteArray& data)
         return refuse(ControllerError::OutOfRange);
     if (m_axis.moving())
         return refuse(ControllerError::AxisMoving);
-    m_memory.writeRecord(number, fields);
+    if (m_writesTaken)
+        m_memory.writeRecord(number, fields);
     return "0WP" + data.left(2);
 }
 

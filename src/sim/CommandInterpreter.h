@@ -22,6 +22,9 @@ public:
 
     void setTimeScale(double scale) { m_timeScale = scale; }
     void setInputs(bool stb, bool stop);
+    // Off: writes are acknowledged but leave the memory as it was, so the
+    // store commands that follow keep the old values too.
+    void setWritesTaken(bool taken) { m_writesTaken = taken; }
     // Outputs off.
     void powerUp();
 
@@ -54,4 +57,5 @@ private:
     bool m_stop = false;
     bool m_out1 = false;
     bool m_out2 = false;
+    bool m_writesTaken = true;
 };

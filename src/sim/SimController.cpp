@@ -31,6 +31,7 @@ void SimController::setFaults(const SimFaults& faults)
 {
     m_faults = faults;
     m_interpreter.setInputs(faults.stbInput, faults.stopInput);
+    m_interpreter.setWritesTaken(!faults.writesNotTaken);
     m_alarmTimer.stop();
     m_moveAlarmPending = !faults.alarmCode.isEmpty() && faults.alarmOnMove;
     if (!faults.alarmCode.isEmpty() && !faults.alarmOnMove)

@@ -59,6 +59,10 @@ struct SimFaults {
     bool stbInput = false;
     bool stopInput = false;
 
+    // Every write ("0WD", "0WE", "0WF", "0WP", "0WA") is acknowledged as
+    // usual but nothing changes: the controller keeps its old values.
+    bool writesNotTaken = false;
+
     // After this many requests the controller resets while answering:
     // half the reply goes out, then it starts again from its stored copy.
     int restartAfter = 0;

@@ -96,6 +96,7 @@ const QHash<QString, void (*)(SimOptions&)>& flagOptions()
         {"--pace", [](SimOptions& o) { o.pace = true; }},
         {"--stb", [](SimOptions& o) { o.faults.stbInput = true; }},
         {"--stop", [](SimOptions& o) { o.faults.stopInput = true; }},
+        {"--writes-not-taken", [](SimOptions& o) { o.faults.writesNotTaken = true; }},
         {"--help", [](SimOptions& o) { o.help = true; }},
         {"-h", [](SimOptions& o) { o.help = true; }},
     };
@@ -161,7 +162,7 @@ QString SimOptions::usage()
 {
     static const int ids[] = {4900, 4901, 0, 4902, 4903, 4904, 0, 4905, 4906, 4907, 4908, 4909,
                               4910, 0, 4911, 4912, 4913, 4914, 4915, 4916, 4917, 4918, 4919,
-                              4920, 4921, 5210, 0, 4980, 4922, 4923};
+                              4920, 4921, 5210, 5566, 0, 4980, 4922, 4923};
     QStringList lines;
     for (int id : ids)
         lines << (id == 0 ? QString() : Msg(id));

@@ -209,34 +209,58 @@ private slots:
         QVERIFY(!run.out.contains(notShown));
     }
 
-    // What was written is what the controller then holds.
-    void writeThenReadBack_data()
+    // What was written is what the controller then holds: --confirm reads it
+    // back (confirmed, the differences, or a read-back that failed); without
+    // it the write is as it always was.
+    void confirmedWrites_data()
     {
-        QTest::addColumn<QStringList>("write");
-        QTest::addColumn<QString>("written");
-        QTest::addColumn<QStringList>("read");
-        QTest::addColumn<QString>("readBack");
-        QTest::newRow("params, special") << QStringList{"params", "write", "@sp33.pmt", "--current", "0.16"}
-                                         << "Completed writing parameters.\n"
-                                         << QStringList{"params", "verify", "@sp33.pmt"}
-                                         << "Result of Verify - OK\n";
-        QTest::newRow("opdata, file: its direction is not taken")
-            << QStringList{"opdata", "write", "@in.qmd"} << "" << QStringList{"opdata", "read"}
-            << "VEL=9000\nACC=1\nDIR=CW\nDIVISION=12\nGEAR=1\nSPEED=30\n";
+        QTest::addColumn<QStringList>("faults");
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("out");
+        QTest::addColumn<QString>("errEnd");
+        QTest::addColumn<QStringList>("frames");
+        const QStringList sp{"params", "write", "@sp33.pmt", "--current", "0.16"};
+        const QStringList vel33{"params", "write", "@vel33.pmt", "--confirm"};
+        const QStringList acc2{"opdata", "write", "--speed", "1", "--acc", "2", "--division", "12", "--gear", "1", "--confirm"};
+        const QStringList block0{"0RA", "0WD0001E1E210A0A0003E8000A0A00000000"};
+        const QStringList block2{"0WD2000114020003E80007D00A0500000000", "0WE"};
+        const QStringList spWrite = block0 + QStringList{"0WD10202019000FFFF1400144C0064030000"} + block2
+            + QStringList{"0RD7", "0WD7000000000000012C0000000000000000", "0WF"};
+        const QStringList write28 = block0 + QStringList{"0WD10202019000FFFF14001C4C0064000000"} + block2;
+        const QStringList readBack{"0RD0", "0RD1", "0RD2"};
+        const QStringList opWrite{"0RA", "0WP01012C200000000C01", "0WA0101", "0CM6", "0RP01"};
+        const QString done = QStringLiteral("Written and confirmed.\n");
+        const QString lost = QStringLiteral("The values were written, but reading them back failed: they are not confirmed.\n");
+        const QString paraNg = QStringLiteral("Result of Verify - NG\n<HOME Parameter> :VEL,\n");
+        const QString opNg = QStringLiteral("Result of Verify - NG\nACC: written 2, read 1\n");
+        const QStringList notTaken{"--writes-not-taken"};
+        const auto row = [](const char* name, const QStringList& faults, const QStringList& args, int exitCode, const QString& out,
+                            const QString& errEnd, const QStringList& frames) {
+            QTest::newRow(name) << faults << args << exitCode << out << errEnd << frames;
+        };
+        row("params, without --confirm", {}, sp, 0, "Completed writing parameters.\n", "Completed writing parameters.\n", spWrite);
+        row("params, special, confirmed", {}, sp + QStringList{"--confirm"}, 0, done, done, spWrite + readBack);
+        row("params, not taken", notTaken, vel33, 3, paraNg, paraNg + u'\n', write28 + readBack);
+        row("params, read-back lost", {"--silent", "RD"}, vel33, 1, "", lost, write28 + readBack.first(1));
+        row("opdata, file, confirmed", {}, {"opdata", "write", "@in.qmd", "--confirm"}, 0, done, done,
+            QStringList{"0RA", "0WP012328100000000C01", "0WA0101", "0CM6", "0RP01"});
+        row("opdata, not taken", notTaken, acc2, 3, opNg, opNg, opWrite);
+        row("opdata, read-back lost", {"--silent", "RP"}, acc2, 1, "", lost, opWrite);
     }
-    void writeThenReadBack()
+    void confirmedWrites()
     {
-        QFETCH(QStringList, write);
-        QFETCH(QStringList, read);
+        QFETCH(QStringList, faults);
+        QFETCH(QString, errEnd);
         CliRig rig;
-        const CliRun written = rig.run(QStringList{"--simulator"} + write);
-        QCOMPARE(written.exitCode, 0);
-        // The completion message is the result and the message box's text at once.
-        QTEST(written.out, "written");
-        QTEST(written.err, "written");
-        const CliRun back = rig.run(QStringList{"--simulator"} + read);
-        QVERIFY2(back.exitCode == 0 && back.err.isEmpty(), qPrintable(back.err));
-        QTEST(back.out, "readBack");
+        QString error;
+        rig.controller.setFaults(SimOptions::parse(faults, &error)->faults);
+        QFETCH(QStringList, args);
+        const CliRun run = rig.run(QStringList{"--simulator"} + args);
+        QTEST(run.exitCode, "exitCode");
+        QTEST(run.out, "out");
+        QVERIFY2(run.err.endsWith(errEnd), qPrintable(run.err));
+        QTEST(run.frames, "frames");
     }
 
     // 1.5 A overflows the display's 16 bits: the rest is printed, the exit status tells.

@@ -41,6 +41,9 @@ private slots:
         QTest::newRow("params write, 28: four commands")
             << none << QStringList{"params", "write", "PMT28"}
             << write + QStringList{"0WD10202019000FFFF14001C4C0064000000", "0WD2" + Block2, "0WE"};
+        QTest::newRow("params write --confirm: read back as verify reads")
+            << none << QStringList{"params", "write", "PMT28", "--confirm"}
+            << write + QStringList{"0WD10202019000FFFF14001C4C0064000000", "0WD2" + Block2, "0WE", "0RD0", "0RD1", "0RD2"};
         // 0.16 A x 1875 = 300 at data digits 13 to 16 of block 7.
         QTest::newRow("params write, special: seven commands")
             << none << QStringList{"params", "write", "PMT20", "--current", "0.16"}

@@ -407,6 +407,65 @@ private slots:
         QVERIFY(w.prompter.shown.isEmpty());
     }
 
+    // The Options check box (off, and not stored, until chosen) reads every
+    // write back on the virtual controller: one box after the question,
+    // confirmed or the differences. Off, the frames and the boxes are the
+    // write's own.
+    void confirmedWrites_data()
+    {
+        QTest::addColumn<bool>("confirm");
+        QTest::addColumn<bool>("taken");
+        QTest::addColumn<QStringList>("paraRead"); // after the write's frames
+        QTest::addColumn<QStringList>("paraBoxes");
+        QTest::addColumn<QStringList>("opDataRead");
+        QTest::addColumn<QStringList>("opDataBoxes");
+        const QStringList paraRead{"0RD0", "0RD1", "0RD2"};
+        const QStringList opDataRead{"0CM6", "0RP01"};
+        const QStringList done{"Written and confirmed."};
+        QTest::newRow("off") << false << true << QStringList{} << QStringList{"Completed writing parameters."} << QStringList{}
+                             << QStringList{};
+        QTest::newRow("on") << true << true << paraRead << done << opDataRead << done;
+        QTest::newRow("on, not taken") << true << false << paraRead << QStringList{"Result of Verify - NG\r\n<HOME Parameter> :VEL,\r\n"}
+                                       << opDataRead << QStringList{"Result of Verify - NG\r\nACC: written 2, read 1"};
+    }
+    void confirmedWrites()
+    {
+        QFETCH(bool, confirm);
+        QFETCH(bool, taken);
+        SimWindow w;
+        withOptionsDialog(*w.window, [&](OptionsDialog& d) {
+            QVERIFY(!d.chkConfirmWrites->isChecked());
+            d.chkConfirmWrites->setChecked(confirm);
+        });
+        QCOMPARE(Settings::readText(Setting::ConfirmWrites), confirm ? QStringLiteral("1") : QString());
+        SimFaults faults;
+        faults.writesNotTaken = !taken;
+        w.sim().setFaults(faults);
+
+        auto* para = w.window->findChild<ParaPage*>();
+        w.window->SSTab1->setCurrentWidget(para);
+        QTest::mouseClick(para->cmdParaRead, Qt::LeftButton);
+        para->txtHomeVel->setText(QStringLiteral("33"));
+        w.frames.clear();
+        w.prompter.clear();
+        QTest::mouseClick(para->cmdParaWrite, Qt::LeftButton);
+        QFETCH(QStringList, paraRead);
+        QCOMPARE(w.frames, (QStringList{"0RA", "0WD0001E1E210A0A0003E8000A0A00000000", "0WD10202019000FFFF14001C4C0064000000", "0WD2000114020003E80007D00A0500000000", "0WE"} + paraRead));
+        QFETCH(QStringList, paraBoxes);
+        QCOMPARE(w.prompter.texts(), QStringList{"Send parameters to controller?"} + paraBoxes);
+
+        w.window->SSTab1->setCurrentWidget(&w.page());
+        QTest::mouseClick(w.page().cmdGetfromCt, Qt::LeftButton);
+        w.page().txtACC->setText(QStringLiteral("2"));
+        w.frames.clear();
+        w.prompter.clear();
+        QTest::mouseClick(w.page().cmdLoadtoCt, Qt::LeftButton);
+        QFETCH(QStringList, opDataRead);
+        QCOMPARE(w.frames, QStringList({"0RA", "0WP01012C200000000C01", "0WA0101"}) + opDataRead);
+        QFETCH(QStringList, opDataBoxes);
+        QCOMPARE(w.prompter.texts(), QStringList{"Data is transmitted to controller,Yes?"} + opDataBoxes);
+    }
+
     void roundingTakenAtClickAndKeptOnCancel()
     {
         SimWindow w;

@@ -9,6 +9,7 @@
 #include "link/Link.h"
 #include "link/PortNaming.h"
 #include "link/Prompter.h"
+#include "link/ReadBack.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -95,6 +96,7 @@ QWidget* OptionsDialog::buildPortTab()
     comboPortName->setEditable(true);
     comboPortName->setInsertPolicy(QComboBox::NoInsert);
     chkPortOccupy = named<QCheckBox>(page, "chkPortOccupy", 4157);
+    chkConfirmWrites = named<QCheckBox>(page, "chkConfirmWrites", 5563);
     lblSimulatorNote = note(page, "lblSimulatorNote", 4158);
     lblSimulatorNote->setVisible(m_simulator);
 
@@ -113,6 +115,7 @@ QWidget* OptionsDialog::buildPortTab()
     v->addWidget(comboPortName);
     v->addSpacing(6);
     v->addWidget(chkPortOccupy);
+    v->addWidget(chkConfirmWrites);
     v->addWidget(lblSimulatorNote);
     v->addStretch();
     return page;
@@ -182,6 +185,7 @@ void OptionsDialog::Form_Load()
     selectLanguage();
 
     chkPortOccupy->setChecked(s.gPortOccupy);
+    chkConfirmWrites->setChecked(ReadBack::chosen());
     placeBesideMainWindow();
     lblTyuijikou->hide();
     framDispUnit->hide();
@@ -281,6 +285,9 @@ void OptionsDialog::applyChoices()
     s.gLanguageChangePending = optLanguege_0->isChecked() != (s.gLanguage == 1);
     s.gPortOccupy = chkPortOccupy->isChecked();
     Settings::write(Setting::PortOccupy, s.gPortOccupy ? 1 : 0);
+    // Stored only when changed, so a store that never used it stays as it was.
+    if (chkConfirmWrites->isChecked() != ReadBack::chosen())
+        Settings::write(Setting::ConfirmWrites, chkConfirmWrites->isChecked() ? 1 : 0);
     s.gDispMmUnit = optDispPos_0->isChecked();
 }
 

@@ -13,7 +13,8 @@ class QRadioButton;
 class QTabWidget;
 
 // The options dialog (frmOption): the serial port and whether it is held
-// open for the run, the position display unit and rounding, the language.
+// open for the run, whether writes are read back to confirm them, the
+// position display unit and rounding, the language.
 //
 // Ports are offered as "COM" + n, n being the numbers 1..32 that the port
 // scan could open. While the built-in virtual controller answers, the list
@@ -47,6 +48,7 @@ public:
     QComboBox* comboPortNo;
     QComboBox* comboPortName;
     QCheckBox* chkPortOccupy;
+    QCheckBox* chkConfirmWrites; // stored under ConfirmWrites
     QLabel* lblSimulatorNote;
     QGroupBox* framDispUnit;
     QRadioButton* optDispPos_0;   // millimetres (gDispMmUnit)
