@@ -110,8 +110,10 @@ int CliProgram::runCommand(CliSession& session, const CliCommand& command, const
 {
     if (m_hook)
         m_hook(session);
-    if (options.trace)
-        new FrameTrace(session.link(), clock, m_err, &session);
+    if (options.trace != GlobalOptions::Trace::Off) {
+        const ErrorList* decoding = options.trace == GlobalOptions::Trace::Decoded ? &session.errors() : nullptr;
+        new FrameTrace(session.link(), clock, m_err, decoding, &session);
+    }
     if (command.usesLink) {
         if (const int missing = requireErrorList(session))
             return missing;

@@ -1,29 +1,35 @@
 #include "cli/FrameTrace.h"
 
+#include "link/CommandCatalogue.h"
 #include "link/Link.h"
+#include "link/TraceLine.h"
 
 #include <QTextStream>
 
-FrameTrace::FrameTrace(Link& link, const QElapsedTimer& clock, QTextStream& err, QObject* parent)
+FrameTrace::FrameTrace(Link& link, const QElapsedTimer& clock, QTextStream& err, const ErrorList* errors,
+                       QObject* parent)
     : QObject(parent)
     , m_clock(clock)
     , m_err(err)
 {
-    connect(&link, &Link::frameSent, this, [this](const QByteArray& frame) { print('>', frame); });
-    connect(&link, &Link::lineReceived, this, [this](const QByteArray& line) { print('<', line); });
+    if (!errors) {
+        connect(&link, &Link::frameSent, this, [this](const QByteArray& frame) { print(TraceLine::Sent, frame); });
+        connect(&link, &Link::lineReceived, this, [this](const QByteArray& line) { print(TraceLine::Received, line); });
+        return;
+    }
+    connect(&link, &Link::frameSent, this, [this](const QByteArray& frame) {
+        print(TraceLine::Sent, frame, CommandCatalogue::meaningOfRequest(frame));
+    });
+    connect(&link, &Link::lineReceived, this, [this, errors](const QByteArray& line) {
+        print(TraceLine::Received, line, CommandCatalogue::meaningOfReply(line, *errors));
+    });
+    connect(&link, &Link::transactionFailed, this, [this](LinkOutcome::Kind kind, int timeoutMs) {
+        print(TraceLine::Event, {}, CommandCatalogue::meaningOfFailure(kind, timeoutMs));
+    });
 }
 
-QString FrameTrace::line(qint64 elapsedMs, char direction, const QByteArray& frame)
+void FrameTrace::print(char direction, const QByteArray& frame, const QString& meaning)
 {
-    return QStringLiteral("+%1.%2 %3 %4")
-        .arg(elapsedMs / 1000)
-        .arg(elapsedMs % 1000, 3, 10, QLatin1Char('0'))
-        .arg(QLatin1Char(direction))
-        .arg(QString::fromLatin1(frame));
-}
-
-void FrameTrace::print(char direction, const QByteArray& frame)
-{
-    m_err << line(m_clock.elapsed(), direction, frame) << '\n';
+    m_err << TraceLine::format(m_clock.elapsed(), direction, frame, meaning) << '\n';
     m_err.flush();
 }

@@ -33,7 +33,9 @@ GlobalOptions GlobalOptions::parse(const QStringList& args)
         if (option == u"--simulator") {
             options.simulator = true;
         } else if (option == u"--trace") {
-            options.trace = true;
+            options.trace = GlobalOptions::Trace::Plain;
+        } else if (option == u"--trace=decoded") {
+            options.trace = GlobalOptions::Trace::Decoded;
         } else if (option == u"--help") {
             options.help = true;
         } else if (option == u"--version") {

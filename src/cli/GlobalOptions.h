@@ -9,7 +9,12 @@ struct GlobalOptions {
     QString portName;       // --port NAME
     bool simulator = false; // --simulator
     qint16 language = 0;    // --lang: 1 Japanese, 2 English, 0 not given
-    bool trace = false;
+    // --trace, --trace=decoded
+    enum class Trace {
+        Off,
+        Plain,
+        Decoded,
+    } trace = Trace::Off;
     bool help = false;
     bool version = false;
     QStringList command;

@@ -45,7 +45,7 @@ const Command& command(Id id);
 // language: "read parameter block 1".
 QString meaningOfRequest(const QByteArray& frame);
 // The meaning of a line received (without CR LF): "status: move finished",
-// "error reply C93: <the error list's text>".
+// "error reply C93 (<the error list's text>)".
 QString meaningOfReply(const QByteArray& line, const ErrorList& errors);
 // A transaction that ended without a usable reply: time-out, length or echo
 // error, port lost, port not opened.

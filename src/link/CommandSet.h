@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/CommandCatalogue.h"
 #include "link/LinkOutcome.h"
 
 #include <QString>
@@ -7,7 +8,8 @@
 class Link;
 
 // One routine per controller command: each stores its reply time-out,
-// sends its frame through SendRecvCommand with its expected reply length,
+// sends its frame through SendRecvCommand with its expected reply length
+// (both from the command catalogue),
 // and returns 0 (reply in reply()) or 1 (the link has shown the failure);
 // outcome() says what the last one came to.
 class CommandSet {
@@ -41,7 +43,8 @@ public:
     QString field(int pos, int count) const;
 
 private:
-    int send(const QString& command, int expectedLength, const QString& data, int timeoutMs);
+    // timeoutMs 0: the catalogue's time-out of the command.
+    int send(CommandCatalogue::Id id, const QString& data = {}, int timeoutMs = 0);
 
     Link& m_link;
     // Nothing was exchanged yet.

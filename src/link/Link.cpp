@@ -75,6 +75,8 @@ struct Link::Private : QObject {
     LinkOutcome refuse(const QString& command);
     LinkOutcome transact(const QString& frame, int expectedLength);
     LinkOutcome outcome(LinkOutcome::Kind kind) const { return {kind, gReply}; }
+    LinkOutcome fail(LinkOutcome::Kind kind, const QString& text, Prompter::Icon icon = Prompter::Icon::None);
+    LinkOutcome failNotOpened();
     void startTimeout();
     void onTimeout();
     void writeFrame(const QString& frame);
@@ -319,7 +321,7 @@ LinkOutcome Link::Private::refuse(const QString& command)
 LinkOutcome Link::Private::transact(const QString& frame, int expectedLength)
 {
     if (q->OpenCommPort() != 0)
-        return outcome(LinkOutcome::Kind::NotOpened);
+        return failNotOpened();
     gTimedOut = false;
     startTimeout();
     const QString code = frame.left(3);
@@ -381,18 +383,32 @@ void Link::Private::setAsideStaleInput()
         takeOwnError(line);
 }
 
+// The failure is told to the listeners of the link (the trace, the log)
+// before the user is, so that it is there while the message is shown.
+LinkOutcome Link::Private::fail(LinkOutcome::Kind kind, const QString& text, Prompter::Icon icon)
+{
+    emit q->transactionFailed(kind, gTimeoutMs);
+    prompter.tell(text, icon);
+    return outcome(kind);
+}
+
+// Opening has told the user already.
+LinkOutcome Link::Private::failNotOpened()
+{
+    emit q->transactionFailed(LinkOutcome::Kind::NotOpened, gTimeoutMs);
+    return outcome(LinkOutcome::Kind::NotOpened);
+}
+
 // The device went away under the request; onLost has let the port go.
 LinkOutcome Link::Private::failLost()
 {
-    prompter.tell(TransactionMessages::portLost(), Prompter::Icon::Exclamation);
-    return outcome(LinkOutcome::Kind::PortLost);
+    return fail(LinkOutcome::Kind::PortLost, TransactionMessages::portLost(), Prompter::Icon::Exclamation);
 }
 
 LinkOutcome Link::Private::failTimedOut()
 {
     releasePort();
-    prompter.tell(TransactionMessages::timedOut());
-    return outcome(LinkOutcome::Kind::TimedOut);
+    return fail(LinkOutcome::Kind::TimedOut, TransactionMessages::timedOut());
 }
 
 LinkOutcome Link::Private::failErrorReply()
@@ -438,8 +454,7 @@ LinkOutcome Link::Private::resynchronise(bool echoMatched)
     if (gReply.startsWith(ErrorReplyHead))
         return failErrorReply();
     releasePort();
-    prompter.tell(TransactionMessages::lengthError());
-    return outcome(LinkOutcome::Kind::WrongReply);
+    return fail(LinkOutcome::Kind::WrongReply, TransactionMessages::lengthError());
 }
 
 // The receive side: everything waiting is appended to the buffer, and a
