@@ -10,26 +10,16 @@ seconds=${2:-20}
 cmake -S . -B "$build" >/dev/null
 cmake --build "$build" -j2 --target ktr-sim bench_commlog_cpu >/dev/null
 
-work=$(mktemp -d)
-sim_pid=
-cleanup() {
-    if [ -n "$sim_pid" ]; then kill "$sim_pid" 2>/dev/null || true; fi
-    rm -rf "$work"
-}
-trap cleanup EXIT
-# The programs keep their settings here, never in the user's.
-export XDG_CONFIG_HOME=$work/config
+# shellcheck source=bench/paced-sim.sh
+. bench/paced-sim.sh
 [ -n "${DISPLAY:-}" ] || export QT_QPA_PLATFORM=offscreen
-
-"$build/ktr-sim" --pty --pace --lang en >"$work/sim.out" 2>"$work/sim.err" &
-sim_pid=$!
-for _ in $(seq 50); do
-    [ -s "$work/sim.out" ] && break
-    sleep 0.1
-done
-device=$(head -n 1 "$work/sim.out")
-[ -n "$device" ] || { cat "$work/sim.err" >&2; exit 1; }
+load_before=$(cut -d' ' -f1-3 /proc/loadavg)
+start_paced_sim "$build"
 
 echo "I/O monitor on ktr-sim --pty --pace, ${seconds} s per span (target: log open below 2 % of one core)"
-echo "platform: ${QT_QPA_PLATFORM:-xcb on $DISPLAY}; load average before: $(cut -d' ' -f1-3 /proc/loadavg)"
-"$build/bench/bench_commlog_cpu" "$device" "$seconds"
+echo "platform: ${QT_QPA_PLATFORM:-xcb on $DISPLAY}; load average before: $load_before"
+# The monitor's own interval, then polls back to back at the speed of the line.
+printf "%-18s %7s %7s %6s %7s\n" "log, poll" "wall s" "CPU s" "core %" "lines/s"
+for poll_ms in 200 1; do
+    "$build/bench_commlog_cpu" "$device" "$seconds" "$poll_ms" 2>"$work/bench.err"
+done

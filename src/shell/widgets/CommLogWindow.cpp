@@ -22,32 +22,27 @@
 
 namespace {
 
-constexpr int Title = 5541;
-constexpr int PauseCaption = 5546;
-constexpr int ResumeCaption = 5547;
-constexpr int ClearCaption = 5548;
-constexpr int CopyCaption = 5549;
-constexpr int SaveCaption = 5550;
-constexpr int SaveTitle = 5551;
-constexpr int FileFilter = 5552;
-constexpr int ProposedName = 5553;
-constexpr int NotSaved = 5554;
-constexpr int RowCount = 5555;
-constexpr int HeldBack = 5556;
+// Message ids of the window's texts.
+enum Text {
+    Title = 5541,
+    PauseCaption = 5546,
+    ResumeCaption,
+    ClearCaption,
+    CopyCaption,
+    SaveCaption,
+    SaveTitle,
+    FileFilter,
+    ProposedName,
+    NotSaved,
+    RowCount,
+    HeldBack,
+};
 const QString Extension = QStringLiteral("txt");
 
 // Widest text a column is sized for at the start: ms of a long session, a
 // parameter block write, a meaning of average length.
 const char* const ColumnSamples[CommLog::ColumnCount] = {"99999999", ">", "0WD00000000000000000000000000000000000", ""};
 constexpr int MeaningChars = 40;
-
-QPushButton* button(QWidget* parent, const char* name, int caption)
-{
-    auto* b = new QPushButton(parent);
-    b->setObjectName(QString::fromLatin1(name));
-    CaptionLoader::setTag(b, caption);
-    return b;
-}
 
 } // namespace
 
@@ -70,7 +65,9 @@ CommLogWindow::CommLogWindow(Link& link, const ErrorList& errors, Prompter& prom
     lstCommLog->setAllColumnsShowFocus(true);
     lstCommLog->setSelectionMode(QAbstractItemView::ExtendedSelection);
     lstCommLog->setSelectionBehavior(QAbstractItemView::SelectRows);
+    // Frames line up in a fixed font; the captions keep the window's.
     lstCommLog->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    lstCommLog->header()->setFont(font());
     sizeColumns();
 
     auto* v = new QVBoxLayout(this);
@@ -94,18 +91,23 @@ CommLogWindow::CommLogWindow(Link& link, const ErrorList& errors, Prompter& prom
 QWidget* CommLogWindow::buildButtons()
 {
     auto* row = new QWidget(this);
-    cmdPause = button(row, "cmdPause", PauseCaption);
-    cmdPause->setCheckable(true);
-    cmdClear = button(row, "cmdClear", ClearCaption);
-    cmdCopy = button(row, "cmdCopy", CopyCaption);
-    cmdSave = button(row, "cmdSave", SaveCaption);
-    lblCounts = new QLabel(row);
-    lblCounts->setObjectName(QStringLiteral("lblCounts"));
-
     auto* h = new QHBoxLayout(row);
     h->setContentsMargins(0, 0, 0, 0);
-    for (QPushButton* b : {cmdPause, cmdClear, cmdCopy, cmdSave})
-        h->addWidget(b);
+    struct Button {
+        QPushButton*& widget;
+        const char* name;
+        Text caption;
+    };
+    for (const Button& b : {Button{cmdPause, "cmdPause", PauseCaption}, Button{cmdClear, "cmdClear", ClearCaption},
+                            Button{cmdCopy, "cmdCopy", CopyCaption}, Button{cmdSave, "cmdSave", SaveCaption}}) {
+        b.widget = new QPushButton(row);
+        b.widget->setObjectName(QString::fromLatin1(b.name));
+        CaptionLoader::setTag(b.widget, b.caption);
+        h->addWidget(b.widget);
+    }
+    cmdPause->setCheckable(true);
+    lblCounts = new QLabel(row);
+    lblCounts->setObjectName(QStringLiteral("lblCounts"));
     h->addWidget(lblCounts, 1);
     connect(cmdPause, &QPushButton::toggled, this, &CommLogWindow::cmdPause_Click);
     connect(cmdClear, &QPushButton::clicked, log, &CommLog::clear);
@@ -133,12 +135,14 @@ void CommLogWindow::sizeColumns()
 void CommLogWindow::placeBeside(const QWidget& main)
 {
     const QRect frame = main.frameGeometry();
-    const QScreen* screen = main.screen();
-    const QPoint right = frame.topRight() + QPoint(1, 0);
-    if (screen && screen->availableGeometry().contains(QRect(right, frameSize())))
-        move(right);
-    else
-        move(frame.topLeft() + QPoint(Twips::toPixels(500), Twips::toPixels(500)));
+    const QRect room = main.screen() ? main.screen()->availableGeometry() : QRect();
+    for (const QPoint& place : {frame.topRight() + QPoint(1, 0), frame.bottomLeft() + QPoint(0, 1)}) {
+        if (room.contains(QRect(place, frameSize()))) {
+            move(place);
+            return;
+        }
+    }
+    move(frame.topLeft() + QPoint(Twips::toPixels(500), Twips::toPixels(500)));
 }
 
 // A view scrolled to its end stays there; one scrolled back is left alone.

@@ -20,7 +20,8 @@ public:
     CommLogWindow(Link& link, const ErrorList& errors, Prompter& prompter, FileChooser& files,
                   QWidget* parent);
 
-    // Next to the main window when the screen has room, over it otherwise.
+    // Right of the main window or below it where the screen has room,
+    // over it otherwise.
     void placeBeside(const QWidget& main);
 
     CommLog* log;
