@@ -18,11 +18,12 @@ declare -A rank=(
     [device]=2
     [params]=3 [opdata]=3
     [print]=4
-    [common/widgets]=5
-    [print/widgets]=6
-    [device/widgets]=7
-    [params/widgets]=8 [opdata/widgets]=8
-    [shell]=9 [cli]=9
+    [record]=5
+    [common/widgets]=6
+    [print/widgets]=7
+    [device/widgets]=8
+    [params/widgets]=9 [opdata/widgets]=9 [record/widgets]=9
+    [shell]=10 [cli]=10
 )
 
 # The room of a path below src/ ("shell/widgets/X.h" -> "shell").

@@ -19,10 +19,13 @@
 
 #include <QTextStream>
 
+#include <array>
+
 namespace {
 
-constexpr int HelpFirst = 4801; // usage line, description, "Options:", the options
-constexpr int HelpLast = 4809;
+constexpr int HelpFirst = 4801;
+// The usage line, description, "Options:", the options.
+constexpr std::array HelpLines{HelpFirst, 4802, 4803, 4804, 4805, 4806, 4823, 4807, 4808, 4809};
 constexpr int CommandsHeading = 4810;
 constexpr int ExitStatusLine = 4811;
 constexpr int NoCommand = 4816;
@@ -96,10 +99,12 @@ int CliProgram::run(const GlobalOptions& options, Interrupt& interrupt, const QE
         return session.usageError(Msg(NoCommand));
     QStringList args;
     const CliCommand* found = command(options, &args);
+    if (!found && options.command.contains(HelpOption) && printGroupHelp(options.command.first()))
+        return ExitDone;
     if (!found)
         return session.usageError(Msg(UnknownCommand).arg(options.command.first()));
     if (args.contains(HelpOption)) {
-        printCommandHelp(*found);
+        printCommandHelp({found});
         return ExitDone;
     }
     return runCommand(session, *found, args, options, clock);
@@ -128,7 +133,7 @@ int CliProgram::runCommand(CliSession& session, const CliCommand& command, const
 
 void CliProgram::printHelp() const
 {
-    for (int id = HelpFirst; id <= HelpLast; ++id)
+    for (const int id : HelpLines)
         m_out << Msg(id) << '\n';
     m_out << '\n'
           << Msg(CommandsHeading) << '\n';
@@ -138,14 +143,29 @@ void CliProgram::printHelp() const
           << Msg(ExitStatusLine) << '\n';
 }
 
-// ktrctl COMMAND --help: the usage line, the command's own lines, the exit
+// ktrctl COMMAND --help: the usage line, the commands' own lines, the exit
 // statuses.
-void CliProgram::printCommandHelp(const CliCommand& command) const
+void CliProgram::printCommandHelp(const QList<const CliCommand*>& commands) const
 {
-    m_out << Msg(HelpFirst) << "\n\n"
-          << Msg(command.usageMessage) << '\n';
-    if (command.detailMessage != 0)
-        m_out << Msg(command.detailMessage) << '\n';
+    m_out << Msg(HelpFirst) << "\n\n";
+    for (const CliCommand* command : commands) {
+        m_out << Msg(command->usageMessage) << '\n';
+        if (command->detailMessage != 0)
+            m_out << Msg(command->detailMessage) << '\n';
+    }
     m_out << '\n'
           << Msg(ExitStatusLine) << '\n';
+}
+
+// ktrctl params --help: every command of the group whose first word is given.
+bool CliProgram::printGroupHelp(const QString& word) const
+{
+    QList<const CliCommand*> group;
+    for (const CliCommand& command : m_registry.commands()) {
+        if (command.name.startsWith(word + u' '))
+            group << &command;
+    }
+    if (!group.isEmpty())
+        printCommandHelp(group);
+    return !group.isEmpty();
 }

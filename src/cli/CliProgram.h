@@ -34,7 +34,8 @@ public:
 
 private:
     void printHelp() const;
-    void printCommandHelp(const CliCommand& command) const;
+    void printCommandHelp(const QList<const CliCommand*>& commands) const;
+    bool printGroupHelp(const QString& word) const;
     int runCommand(CliSession& session, const CliCommand& command, const QStringList& args,
                    const GlobalOptions& options, const QElapsedTimer& clock);
 

@@ -17,6 +17,7 @@ CliSession::CliSession(const GlobalOptions& options, SerialPort* port, Interrupt
     , m_out(out)
     , m_err(err)
     , m_interrupt(interrupt)
+    , m_unit(options.unit)
     , m_port(port)
     , m_link(*m_port, m_prompter, m_alarms, m_errors)
 {

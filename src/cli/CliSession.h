@@ -33,6 +33,8 @@ public:
     AlarmDisplay& alarms() { return m_alarms; }
     Prompter& prompter() { return m_prompter; }
     Interrupt& interrupt() { return m_interrupt; }
+    // --unit: names the unit for the journal and the report; empty when not given.
+    const QString& unit() const { return m_unit; }
 
     // The controller's error texts, read before a command talks to it.
     ErrorList& errors() { return m_errors; }
@@ -63,6 +65,7 @@ private:
     QTextStream& m_out;
     QTextStream& m_err;
     Interrupt& m_interrupt;
+    QString m_unit;
     StderrPrompter m_prompter{m_err};
     NoLamps m_alarms;
     ErrorList m_errors;

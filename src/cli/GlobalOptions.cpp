@@ -40,7 +40,7 @@ GlobalOptions GlobalOptions::parse(const QStringList& args)
             options.help = true;
         } else if (option == u"--version") {
             options.version = true;
-        } else if (option == u"--port" || option == u"--lang") {
+        } else if (option == u"--port" || option == u"--lang" || option == u"--unit") {
             if (i + 1 >= args.size()) {
                 fail(NeedsValue, {option});
                 break;
@@ -48,6 +48,8 @@ GlobalOptions GlobalOptions::parse(const QStringList& args)
             const QString value = args[++i];
             if (option == u"--port")
                 options.portName = value;
+            else if (option == u"--unit")
+                options.unit = value.trimmed();
             else if ((options.language = languageOf(value)) == 0)
                 fail(InvalidValue, {option, value});
         } else {

@@ -7,6 +7,7 @@
 // first word that is not an option on is the command and its arguments.
 struct GlobalOptions {
     QString portName;       // --port NAME
+    QString unit;           // --unit TEXT: the unit being commissioned
     bool simulator = false; // --simulator
     qint16 language = 0;    // --lang: 1 Japanese, 2 English, 0 not given
     // --trace, --trace=decoded

@@ -188,6 +188,27 @@ private slots:
         QVERIFY(run.exitCode != 2 || run.frames.isEmpty());
     }
 
+    // COMMAND --help and GROUP --help print those commands' lines and no others.
+    void commandHelp_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<QStringList>("shown");
+        QTest::addColumn<QString>("notShown");
+        QTest::newRow("io") << QStringList{"io", "--help"} << QStringList{"  io [--watch]", "--watch prints the line once"} << "  status";
+        QTest::newRow("params") << QStringList{"params", "--help"} << QStringList{"  params read", "  params diff"} << "  opdata read";
+    }
+    void commandHelp()
+    {
+        QFETCH(QStringList, args);
+        QFETCH(QStringList, shown);
+        QFETCH(QString, notShown);
+        const CliRun run = CliRig().run(QStringList{"--lang", "en"} + args);
+        QCOMPARE(run.exitCode, 0);
+        for (const QString& text : shown + QStringList{"Exit status: "})
+            QVERIFY2(run.out.contains(text), qPrintable(run.out));
+        QVERIFY(!run.out.contains(notShown));
+    }
+
     // What was written is what the controller then holds.
     void writeThenReadBack_data()
     {
