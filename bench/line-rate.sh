@@ -27,26 +27,10 @@ fi
 cmake --build "$build" -j2 --target ktrctl ktr-sim ktr-w5 bench_timeout_cpu >/dev/null
 build=$(cd "$build" && pwd)
 
-work=$(mktemp -d)
-sim_pid=
-cleanup() {
-    if [ -n "$sim_pid" ]; then kill "$sim_pid" 2>/dev/null || true; fi
-    rm -rf "$work"
-}
-trap cleanup EXIT
-# The programs keep their settings here, never in the user's.
-export XDG_CONFIG_HOME=$work/config
-
+# shellcheck source=bench/paced-sim.sh
+. bench/paced-sim.sh
 load_before=$(cut -d' ' -f1-3 /proc/loadavg)
-
-"$build/ktr-sim" --pty --pace --lang en >"$work/sim.out" 2>"$work/sim.err" &
-sim_pid=$!
-for _ in $(seq 50); do
-    [ -s "$work/sim.out" ] && break
-    sleep 0.1
-done
-device=$(head -n 1 "$work/sim.out")
-[ -n "$device" ] || { cat "$work/sim.err" >&2; exit 1; }
+start_paced_sim "$build"
 
 ktrctl() { "$build/ktrctl" --port "$device" --lang en "$@"; }
 

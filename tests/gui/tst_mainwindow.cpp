@@ -1,14 +1,18 @@
 #include "SimWindowRig.h"
+#include "common/FileBytes.h"
 #include "common/Settings.h"
 #include "common/Waiter.h"
 #include "common/widgets/Lamp.h"
+#include "link/CommLog.h"
 #include "link/PortNaming.h"
 #include "link/SequenceContext.h"
 #include "opdata/widgets/OpDataPage.h"
 #include "opdata/widgets/OpDataPageController.h"
 #include "params/widgets/ParaPage.h"
+#include "shell/widgets/CommLogWindow.h"
 #include "shell/widgets/OptionsDialog.h"
 #include "sim/SimSerialPort.h"
+#include "support/FileSizeLimit.h"
 #include "support/PtyController.h"
 
 #include <QElapsedTimer>
@@ -192,6 +196,46 @@ private slots:
         ProgramState::instance().gCommBusy = false;
         w.window->mnuFileExit->trigger();
         QVERIFY(!w.window->isVisible() && !w.link().isPortOpen());
+    }
+
+    // The communication log, opened from the View menu (asked again: the
+    // same window), stays beside the main window and shows a version query's
+    // frames and replies with their meanings. Copied and saved, the rows are the lines
+    // of the trace; a failed save says so and leaves the old file.
+    void communicationLog()
+    {
+        SimWindow w;
+        QAction* item = w.window->findChild<QAction*>("mnuViewCommLog");
+        item->trigger();
+        item->trigger();
+        QCOMPARE(w.window->findChildren<CommLogWindow*>().size(), 1);
+        CommLogWindow& log = *w.window->findChild<CommLogWindow*>();
+        QVERIFY(log.isVisible() && log.isWindow() && !log.isModal());
+
+        w.window->mnuShowCtversion->trigger();
+        QTRY_COMPARE(log.log->rowCount(), 4);
+        const QString lines = "> 0CM6\tcommunication check\n< 0CM6\tacknowledged\n"
+                              "> 0RV\tread version\n< 0RVK01100\tversion 1.00 (type K01)\n";
+        log.lstCommLog->selectAll();
+        QTest::keyClick(log.lstCommLog, Qt::Key_C, Qt::ControlModifier);
+        const QRegularExpression time("^\\+0\\.\\d\\d\\d ", QRegularExpression::MultilineOption);
+        QCOMPARE(QApplication::clipboard()->text().remove(time), lines);
+        QTemporaryDir dir;
+        const QString path = dir.filePath("field.txt");
+        w.files.setNextFileName(path);
+        log.cmdSave->click();
+        const QByteArray saved = ReadBytes(path);
+        QCOMPARE(QString::fromUtf8(saved).remove(time), lines);
+
+        w.files.setNextFileName(path);
+        {
+            const FileSizeLimit limit(16);
+            log.cmdSave->click();
+        }
+        QCOMPARE(ReadBytes(path), saved);
+        QVERIFY(w.prompter.lastText().startsWith("The communication log could not be saved."));
+        log.cmdClear->click();
+        QCOMPARE(log.log->rowCount(), 0);
     }
 
     // Closing the window (or File, Exit where it acts) while a sequence waits:

@@ -1,9 +1,11 @@
 #include "LinkRig.h"
 
 #include "common/Waiter.h"
+#include "link/CommLog.h"
 
 #include <QElapsedTimer>
 #include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 
@@ -235,6 +237,65 @@ private slots:
         QCOMPARE(rig.port.frames, Frames{"0RA"});
         QCOMPARE(rig.prompter.texts(), QStringList{"Another command is communicating with the controller. "
                                                    "Try again when it has finished."});
+    }
+
+    // The communication log: a burst comes into the view as one batch, only
+    // the last rows are kept, and a paused log holds the new rows back until
+    // it is resumed.
+    void commLogBatches_data()
+    {
+        QTest::addColumn<int>("before");
+        QTest::addColumn<bool>("paused");
+        QTest::addColumn<int>("burst");
+        QTest::newRow("one batch") << 0 << false << 50;
+        QTest::newRow("oldest dropped") << CommLog::MaxRows - 10 << false << 20;
+        QTest::newRow("held while paused") << 10 << true << 30;
+        QTest::newRow("held beyond the bound") << 5 << true << CommLog::MaxRows + 5;
+    }
+    void commLogBatches()
+    {
+        QFETCH(int, before);
+        QFETCH(bool, paused);
+        QFETCH(int, burst);
+        LinkRig rig;
+        CommLog log(rig.link, rig.errors);
+        const auto send = [&](int from, int count) {
+            for (int i = from; i < from + count; ++i)
+                emit rig.link.frameSent(QByteArray::number(i));
+        };
+        send(0, before);
+        QTRY_COMPARE(log.rowCount(), before);
+        log.setPaused(paused);
+        QSignalSpy inserted(&log, &QAbstractItemModel::rowsInserted);
+        QSignalSpy reset(&log, &QAbstractItemModel::modelReset);
+
+        send(before, burst);
+        QCOMPARE(log.rowCount(), before);
+        QTest::qWait(2 * CommLog::BatchMs);
+        QCOMPARE(log.heldBack(), paused ? qMin(burst, int(CommLog::MaxRows)) : 0);
+        QCOMPARE(log.rowCount(), paused ? before : qMin(before + burst, int(CommLog::MaxRows)));
+        log.setPaused(false);
+
+        const int kept = qMin(before + burst, int(CommLog::MaxRows));
+        QCOMPARE(log.rowCount(), kept);
+        QCOMPARE(inserted.size() + reset.size(), 1);
+        QCOMPARE(log.index(0, CommLog::Frame).data().toString(), QString::number(before + burst - kept));
+        QCOMPARE(log.index(kept - 1, CommLog::Frame).data().toString(), QString::number(before + burst - 1));
+    }
+
+    // A request without an answer: its frame, then a row of its own, each
+    // with its meaning, as the trace prints them.
+    void commLogTellsATimeOut()
+    {
+        LinkRig rig;
+        CommLog log(rig.link, rig.errors);
+
+        rig.link.SendRecvCommand("0RA", 6, "");
+
+        log.showHeld();
+        QCOMPARE(log.rowCount(), 2);
+        const QRegularExpression time(QStringLiteral("^\\+\\d+\\.\\d\\d\\d "), QRegularExpression::MultilineOption);
+        QCOMPARE(log.allLines().remove(time), QStringLiteral("> 0RA\tread run status\n!\ttime-out: no reply within 100 ms\n"));
     }
 
     // Pulled during a request: said at once; while idle: when it cannot reopen.

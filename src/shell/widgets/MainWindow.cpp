@@ -14,6 +14,7 @@
 #include "params/widgets/ParaPageController.h"
 #include "shell/widgets/AboutDialog.h"
 #include "shell/widgets/AppIcon.h"
+#include "shell/widgets/CommLogWindow.h"
 #include "shell/widgets/ControllerActions.h"
 #include "shell/widgets/ControllerSession.h"
 #include "shell/widgets/MainWindowProgress.h"
@@ -150,6 +151,8 @@ void MainWindow::buildMenus()
     mnuView = menu("mnuView", 4008);
     mnuViewMoveEdit = menuItem(mnuView, "mnuViewMoveEdit", 4009);
     mnuViewPara = menuItem(mnuView, "mnuViewPara", 4010);
+    mnuView->addSeparator();
+    mnuViewCommLog = menuItem(mnuView, "mnuViewCommLog", 5540);
 
     mnuCont = menu("mnuCont", 4011);
     mnuShowCtversion = menuItem(mnuCont, "mnuShowCtversion", 4012);
@@ -233,6 +236,7 @@ void MainWindow::connectMenus()
     clicks(mnuFilePrint, opData->cmdDataPrint);
     connect(mnuViewMoveEdit, &QAction::triggered, this, [this] { SSTab1->setCurrentWidget(opData); });
     connect(mnuViewPara, &QAction::triggered, this, [this] { SSTab1->setCurrentWidget(para); });
+    connect(mnuViewCommLog, &QAction::triggered, this, &MainWindow::mnuViewCommLog_Click);
     connect(mnuFileExit, &QAction::triggered, this, &MainWindow::mnuFileExit_Click);
     connect(mnuHelpContents, &QAction::triggered, this, &MainWindow::mnuHelpContents_Click);
     connect(mnuHelpAbout, &QAction::triggered, this, &MainWindow::mnuHelpAbout_Click);
@@ -353,4 +357,17 @@ void MainWindow::mnuHelpAbout_Click()
     about.Form_Load();
     about.move(frameGeometry().topLeft() + QPoint(Twips::toPixels(500), Twips::toPixels(500)));
     about.exec();
+}
+
+// One log at a time: asking again brings the open one to the front.
+void MainWindow::mnuViewCommLog_Click()
+{
+    if (!m_commLog) {
+        m_commLog = new CommLogWindow(m_session->link(), m_session->errors(), context().prompter,
+                                      context().files, this);
+        m_commLog->placeBeside(*this);
+    }
+    m_commLog->show();
+    m_commLog->raise();
+    m_commLog->activateWindow();
 }

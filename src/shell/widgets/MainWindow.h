@@ -8,9 +8,11 @@
 #include "shell/widgets/MessageBoxPrompter.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include <functional>
 
+class CommLogWindow;
 class ControllerSession;
 class Lamp;
 class MainWindowProgress;
@@ -111,6 +113,7 @@ private:
     QMenu* mnuView;
     QAction* mnuViewMoveEdit;
     QAction* mnuViewPara;
+    QAction* mnuViewCommLog;
     QMenu* mnuCont;
     QMenu* mnuModeChange;
     QMenu* mnuHelp;
@@ -134,6 +137,7 @@ private:
     void mnuFileExit_Click();
     void mnuHelpContents_Click();
     void mnuHelpAbout_Click();
+    void mnuViewCommLog_Click();
 
     MessageBoxPrompter m_prompter;
     DialogFileChooser m_files;
@@ -144,4 +148,5 @@ private:
     MainWindowProgress* m_progress = nullptr;
     StartupOptions m_linkTarget;
     ControllerSession* m_session = nullptr;
+    QPointer<CommLogWindow> m_commLog;
 };
