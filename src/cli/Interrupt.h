@@ -2,9 +2,7 @@
 
 #include <QObject>
 
-class QSocketNotifier;
-
-// Ctrl-C on the command line. The signal is read in the event loop (never
+// Ctrl-C on the command line. The signal is taken in the event loop (never
 // handled inside a signal handler) and raises a flag that commands may read:
 // a move run treats it as STOP. By default it also ends every wait at once,
 // so the command unwinds and the program ends through its normal path; a
@@ -13,11 +11,10 @@ class Interrupt : public QObject {
     Q_OBJECT
 public:
     // Call first thing in main, before any thread exists, so that every
-    // thread inherits the blocked signal.
+    // thread inherits the held signal.
     static void blockSignal();
 
     explicit Interrupt(QObject* parent = nullptr);
-    ~Interrupt() override;
 
     bool interrupted() const { return m_count > 0; }
     // false: the first Ctrl-C only raises the flag (the command stops itself).
@@ -27,10 +24,8 @@ signals:
     void raised();
 
 private:
-    void onSignal();
+    void onSignal(int count);
 
-    int m_fd = -1;
-    QSocketNotifier* m_notifier = nullptr;
     int m_count = 0;
     bool m_abortsWaits = true;
 };
