@@ -8,6 +8,7 @@
 #include "cli/ListFiles.h"
 #include "cli/OpDataCommands.h"
 #include "cli/ParamsCommands.h"
+#include "cli/ReportCommand.h"
 #include "common/LanguageStartup.h"
 #include "common/MessageTable.h"
 #include "common/ProgramState.h"
@@ -72,6 +73,7 @@ CliProgram::CliProgram(QTextStream& out, QTextStream& err)
     addLinkCommands(m_registry);
     addParamsCommands(m_registry);
     addOpDataCommands(m_registry);
+    addReportCommand(m_registry);
 }
 
 const CliCommand* CliProgram::command(const GlobalOptions& options, QStringList* args) const

@@ -14,26 +14,6 @@ constexpr int InvalidValue = 4814;
 const QString Watch = QStringLiteral("--watch");
 const QString Toggle = QStringLiteral("--toggle");
 
-// The lamps' labels on the tab, which are also the names of the line.
-QString label(IoLamp lamp)
-{
-    switch (lamp) {
-    case IoLamp::InputStb: return QStringLiteral("STB");
-    case IoLamp::InputStop: return QStringLiteral("STOP");
-    case IoLamp::OutputAlm: return QStringLiteral("ALM");
-    case IoLamp::OutputRdy: return QStringLiteral("RDY");
-    case IoLamp::OutputInp: return QStringLiteral("IN-P");
-    case IoLamp::OutputOut1: return QStringLiteral("OUT1");
-    case IoLamp::OutputOut2: return QStringLiteral("OUT2");
-    }
-    return {};
-}
-
-int indexOf(IoLamp lamp)
-{
-    return int(std::find(AllIoLamps.begin(), AllIoLamps.end(), lamp) - AllIoLamps.begin());
-}
-
 } // namespace
 
 IoCommand::IoCommand(CliSession& session, QObject* parent)
@@ -48,13 +28,13 @@ QString IoCommand::lampLine(const std::array<bool, AllIoLamps.size()>& lamps)
 {
     QStringList parts;
     for (IoLamp lamp : AllIoLamps)
-        parts << label(lamp) + (lamps[indexOf(lamp)] ? QStringLiteral("=1") : QStringLiteral("=0"));
+        parts << IoBits::label(lamp) + (lamps[IoBits::index(lamp)] ? QStringLiteral("=1") : QStringLiteral("=0"));
     return parts.join(u' ');
 }
 
 void IoCommand::setLamp(IoLamp lamp, bool on)
 {
-    m_lamps[indexOf(lamp)] = on;
+    m_lamps[IoBits::index(lamp)] = on;
 }
 
 int IoCommand::parse(const QStringList& args)
@@ -65,7 +45,7 @@ int IoCommand::parse(const QStringList& args)
     m_watch = parsed.has(Watch);
     for (const QString& name : parsed.values(Toggle)) {
         const auto output = std::find_if(AllIoLamps.begin(), AllIoLamps.end(), [&name](IoLamp l) {
-            return IoBits::source(l).output && label(l).compare(name, Qt::CaseInsensitive) == 0;
+            return IoBits::source(l).output && IoBits::label(l).compare(name, Qt::CaseInsensitive) == 0;
         });
         if (output == AllIoLamps.end())
             return m_session.usageError(Msg(InvalidValue).arg(Toggle, name));

@@ -20,11 +20,11 @@ QStringList argumentsOf(int argc, char* argv[])
     return arguments;
 }
 
-// The print commands draw a page, which takes the fonts of a GUI
-// application; on the offscreen platform that needs no display.
+// The print commands and the report draw pages, which takes the fonts of a
+// GUI application; on the offscreen platform that needs no display.
 bool drawsPages(const CliCommand* command)
 {
-    return command && command->name.endsWith(QLatin1String(" print"));
+    return command && (command->name.endsWith(QLatin1String(" print")) || command->name == QLatin1String("report"));
 }
 
 std::unique_ptr<QCoreApplication> makeApplication(int& argc, char* argv[], bool guiFonts)

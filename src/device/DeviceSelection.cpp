@@ -39,8 +39,8 @@ void DeviceSelection::cmdDeviceSet_Click()
 {
     ProgramState& g = ProgramState::instance();
     g.gActSize = comboDeviceSize.text();
-    g.gActKindChar = QStringLiteral("L");
-    g.gActNumber = 100;
+    g.gActKindChar = standardKindChar();
+    g.gActNumber = StandardNumber;
     g.gPgUse = chkDevPgUse == 1;
     m_devices.ReadDeviceList(m_prompter);
     closeRequested = true;

@@ -15,6 +15,10 @@ class DeviceSelection {
 public:
     DeviceSelection(DeviceList& devices, Prompter& prompter);
 
+    // The kind letter and motor number Set records, whatever size is chosen.
+    static QString standardKindChar() { return QStringLiteral("L"); }
+    static constexpr qint16 StandardNumber = 100;
+
     // mainActSize: the text of the main window's size list.
     void Form_Load(const QString& mainActSize);
     // Also run on a click in the size list and on leaving it: the encoder

@@ -19,11 +19,14 @@ public:
     QString version() const { return m_version; }
     QString typeCode() const { return m_typeCode; }
 
+    // The exchange alone, shown nowhere, for a sequence that holds the
+    // commands itself: 0 when the version was read.
+    int query();
+
     // "100" -> "1.00": the first digit, a point, the other two.
     static QString versionText(const QString& digits);
 
 private:
-    int query();
     void takeReply();
 
     SequenceContext& m_context;

@@ -2,6 +2,8 @@
 
 #include "common/NumberText.h"
 
+#include <algorithm>
+
 int IoBits::digitValue(QChar c)
 {
     return int(qMax<qint64>(0, HexDigitsValue(QString(c))));
@@ -52,4 +54,23 @@ QString IoBits::objectName(IoLamp lamp)
     case IoLamp::OutputOut2: return QStringLiteral("imgOutputOut2");
     }
     return {};
+}
+
+QString IoBits::label(IoLamp lamp)
+{
+    switch (lamp) {
+    case IoLamp::InputStb: return QStringLiteral("STB");
+    case IoLamp::InputStop: return QStringLiteral("STOP");
+    case IoLamp::OutputAlm: return QStringLiteral("ALM");
+    case IoLamp::OutputRdy: return QStringLiteral("RDY");
+    case IoLamp::OutputInp: return QStringLiteral("IN-P");
+    case IoLamp::OutputOut1: return QStringLiteral("OUT1");
+    case IoLamp::OutputOut2: return QStringLiteral("OUT2");
+    }
+    return {};
+}
+
+int IoBits::index(IoLamp lamp)
+{
+    return int(std::find(AllIoLamps.begin(), AllIoLamps.end(), lamp) - AllIoLamps.begin());
 }

@@ -62,6 +62,12 @@ public:
     static Source source(IoLamp lamp);
     static bool lampOn(IoLamp lamp, const InputTable& InputBits, const OutputTable& OutputBits);
 
+    // The lamp's label on the tab ("STB", "IN-P", "OUT1"), the same in
+    // both languages.
+    static QString label(IoLamp lamp);
+    // Where the lamp stands in AllIoLamps.
+    static int index(IoLamp lamp);
+
     // The lamp's objectName on the tab, e.g. "imgInputStb".
     static QString objectName(IoLamp lamp);
 

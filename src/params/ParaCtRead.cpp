@@ -34,11 +34,19 @@ int ReadParaFromCt(SequenceContext& ctx, CtParaImage& image)
     return 0;
 }
 
-int GetSPdenryu(SequenceContext& ctx, ParaScreen& screen)
+int ReadParaBlock7(SequenceContext& ctx, QString& digits)
 {
     if (ctx.commands.ReadParaBlock(Block7, ReadTimeoutMs) != 0)
         return 1;
-    const QString block7Digits = ctx.commands.field(5, 32);
+    digits = ctx.commands.field(5, 32);
+    return 0;
+}
+
+int GetSPdenryu(SequenceContext& ctx, ParaScreen& screen)
+{
+    QString block7Digits;
+    if (ReadParaBlock7(ctx, block7Digits) != 0)
+        return 1;
     if (screen.comboActSize == QLatin1String("SP"))
         screen.txtDenryu = SpCurrentFromBlock7(block7Digits);
     return 0;

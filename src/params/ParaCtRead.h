@@ -2,6 +2,8 @@
 
 #include "params/CtParaImage.h"
 
+#include <QString>
+
 struct ParaScreen;
 struct SequenceContext;
 
@@ -11,7 +13,11 @@ struct SequenceContext;
 // is returned (the link has told the user). 0 when the image was filled.
 int ReadParaFromCt(SequenceContext& ctx, CtParaImage& image);
 
-// Reads block 7 ("0RD7", 3000 ms) and, when the size shown is "SP", shows
+// Reads block 7 ("0RD7", 3000 ms) into its 32 data digits. 0 when read, 1
+// when the transaction failed.
+int ReadParaBlock7(SequenceContext& ctx, QString& digits);
+
+// Reads block 7 and, when the size shown is "SP", shows
 // its operating current in txtDenryu. 0 when the block was read, 1 when the
 // transaction failed. An operating current too large for the display's
 // arithmetic raises RuntimeError Overflow (see SpCurrentFromBlock7).

@@ -36,6 +36,15 @@ QString SpCurrentFromBlock7(const QString& block7Digits)
     return QString::number(tenths) + u'.' + QString::number(hundredths);
 }
 
+std::optional<double> SpCurrentAmperes(const QString& block7Digits)
+{
+    bool ok = false;
+    const uint units = block7Digits.mid(CurrentPos, CurrentDigits).toUInt(&ok, 16);
+    if (!ok || block7Digits.size() < CurrentPos + CurrentDigits)
+        return std::nullopt;
+    return units / UnitsPerAmpere;
+}
+
 std::optional<QString> SpCurrentToBlock7(const QString& block7Digits, const QString& denryuText)
 {
     if (!IsNumeric(denryuText))

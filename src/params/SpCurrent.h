@@ -18,6 +18,11 @@
 // catches it and tells the user.
 QString SpCurrentFromBlock7(const QString& block7Digits);
 
+// The same current in amperes, computed wide: the digits as the unsigned
+// number the write side stores (0 to 65535), divided by 1875. It never
+// overflows; nothing when the digits are not hexadecimal.
+std::optional<double> SpCurrentAmperes(const QString& block7Digits);
+
 // The 32 digits to write back as block 7: digits 1 to 12 of the block as
 // read, the current, digits 17 to 32. The current is the box's value times
 // 1875, rounded to a whole number with halves to the even neighbour (1.5 A

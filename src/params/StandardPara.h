@@ -37,6 +37,15 @@ public:
     // The HOME and AXIS values of the built-in standard record for the
     // actuator chosen now.
     static ParaSet StandardRecord();
+    // The same for an actuator of the size the size list shows, as the
+    // device dialog's Set would record it.
+    static ParaSet StandardRecordForSize(const QString& actSize);
+
+    // The standard parameters over set: the record's HOME and AXIS values,
+    // PG, ETC and SPECIAL from the common list (the column by encoder use).
+    // 0 when set now holds them; 1 when the list could not be used (its
+    // message shown), set then unchanged.
+    static int ApplyStandardTo(ParaSet& set, const ParaSet& record, bool pgUse, Prompter& prompter);
 
 private:
     ControlLock& m_lock;

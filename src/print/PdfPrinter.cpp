@@ -16,7 +16,7 @@ QByteArray PdfPrinter::render(Printout& printout)
         QPdfWriter writer(&buffer);
         writer.setCreator(QStringLiteral("KTR-W5"));
         writer.setResolution(Resolution);
-        writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait,
+        writer.setPageLayout(QPageLayout(QPageSize(printout.paper()), QPageLayout::Portrait,
                                          QMarginsF(0, 0, 0, 0)));
         printout.render(writer);
     }

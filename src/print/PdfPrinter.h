@@ -5,7 +5,7 @@
 
 class Printout;
 
-// Renders a printout as a one-page A4 PDF, the page measured from the
+// Renders a printout as a PDF on its paper, the page measured from the
 // paper's edge as on the printer.
 class PdfPrinter {
 public:

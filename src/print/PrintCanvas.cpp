@@ -2,7 +2,7 @@
 
 #include "print/PrintFont.h"
 
-#include <QPaintDevice>
+#include <QPagedPaintDevice>
 
 namespace {
 constexpr double MmPerInch = 25.4;
@@ -11,6 +11,7 @@ constexpr double RuleWidthMm = 0.25;
 
 PrintCanvas::PrintCanvas(QPaintDevice& device)
     : m_painter(&device)
+    , m_paged(dynamic_cast<QPagedPaintDevice*>(&device))
     , m_pxPerMmX(device.logicalDpiX() / MmPerInch)
     , m_pxPerMmY(device.logicalDpiY() / MmPerInch)
 {
@@ -43,6 +44,11 @@ void PrintCanvas::rule(double yMm, double fromXMm, double toXMm)
 double PrintCanvas::textWidth(const QString& text) const
 {
     return fontMetrics().horizontalAdvance(text) / m_pxPerMmX;
+}
+
+bool PrintCanvas::newPage()
+{
+    return m_paged && m_paged->newPage();
 }
 
 bool PrintCanvas::finish()

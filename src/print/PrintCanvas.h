@@ -8,6 +8,7 @@
 #include <QString>
 
 class QPaintDevice;
+class QPagedPaintDevice;
 
 // A page seen in millimetres from its top-left corner, written in the
 // printout font. Text is placed by the top of its line, as a print position
@@ -28,6 +29,10 @@ public:
     // The text shortened in its middle to fit the width.
     QString elided(const QString& text, double widthMm) const;
 
+    // Ends this sheet and starts the next, measured as the first. False on a
+    // device without pages, or one that refused the sheet.
+    bool newPage();
+
     // Sends the page: nothing may be drawn after this. False when the
     // device failed to take it.
     bool finish();
@@ -37,6 +42,7 @@ private:
     QFontMetricsF fontMetrics() const { return {m_painter.font(), m_painter.device()}; }
 
     QPainter m_painter;
+    QPagedPaintDevice* m_paged = nullptr;
     double m_pxPerMmX = 1;
     double m_pxPerMmY = 1;
     PageMetrics m_metrics;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPageSize>
 #include <QString>
 
 class PrintCanvas;
@@ -21,6 +22,8 @@ public:
 
     // The name proposed when the page is saved as a PDF file.
     virtual QString pdfFileName() const = 0;
+    // The paper of its PDF file.
+    virtual QPageSize::PageSizeId paper() const { return QPageSize::A4; }
 
 protected:
     virtual void draw(PrintCanvas& canvas) = 0;

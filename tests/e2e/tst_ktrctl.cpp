@@ -3,11 +3,16 @@
 // checked in-process (tests/cli).
 
 #include "KtrctlProcess.h"
+#include "print/PdfText.h"
+#include "record/Journal.h"
 #include "support/ControllerFiles.h"
 #include "support/PtyController.h"
 #include "support/SimProcess.h"
 
 #include <QElapsedTimer>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTest>
 
 namespace {
@@ -73,6 +78,73 @@ private slots:
         const QList<TraceFrame> frames = traceFrames(run.err);
         for (qsizetype i = 1; i < frames.size(); ++i)
             QVERIFY2(frames[i].text.startsWith(u'<') || frames[i].ms - frames[i - 1].ms < 80, qPrintable(run.err));
+    }
+
+    // The report of a special actuator whose current overflows the page's
+    // arithmetic: one read of everything, the values as the controller holds
+    // them, the journal of this unit only; then the same as pages.
+    void reportOfTheUnit()
+    {
+        QTemporaryDir files;
+        qputenv("XDG_DATA_HOME", files.path().toUtf8());
+        SimProcess sim(QStringLiteral(KTRSIM_PATH));
+        QVERIFY2(sim.start(), sim.standardError().constData());
+        const QString pmt = writeFile(files, QStringLiteral("20.pmt"), paraFile("20", 33));
+        QCOMPARE(KtrctlProcess::run({"--port", sim.devicePath(), "params", "write", pmt, "--current", "1.5"}).exitCode, 0);
+        Journal journal(Journal::defaultDirectory());
+        for (const QString& unit : {QStringLiteral("Station 7"), QStringLiteral("Station 8")}) {
+            JournalEntry entry;
+            entry.time = QDateTime::currentDateTime().addSecs(-60);
+            entry.port = sim.devicePath();
+            entry.unit = unit;
+            entry.action = JournalEntry::Home;
+            entry.success = true;
+            journal.append(entry);
+        }
+
+        const QString json = files.filePath(QStringLiteral("r.json"));
+        const QStringList unit{"--port", sim.devicePath(), "--unit", "Station 7"};
+        const CtlRun run = KtrctlProcess::run(unit + QStringList{"--trace", "report", "-o", json});
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(sentFrames(run.err), (QStringList{"0CM6", "0RV", "0RD0", "0RD1", "0RD2", "0RD7", "0CM6", "0RP01", "0CM7", "0RI", "0RO", "0CM0"}));
+        QFile file(json);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QJsonObject report = QJsonDocument::fromJson(file.readAll()).object();
+        QCOMPARE(report["unit"].toString(), QStringLiteral("Station 7"));
+        QCOMPARE(report["controller"].toObject()["version"].toString(), QStringLiteral("1.00"));
+        QCOMPARE(report["currentA"].toDouble(), 2812 / 1875.0);
+        const QJsonObject vel = report["parameters"].toArray()[1].toObject();
+        QCOMPARE(vel, (QJsonObject{{"name", "VEL"}, {"value", 33}, {"standard", 10}, {"differs", true}}));
+        QCOMPARE(report["parameters"].toArray()[5].toObject()["value"].toString(), QStringLiteral("20L100"));
+        QCOMPARE(report["operationData"].toObject(), (QJsonObject{{"VEL", 300}, {"ACC", 1}, {"DIR", "CW"}, {"DIVISION", 12}, {"GEAR", 1}, {"SPEED", 1}}));
+        QCOMPARE(report["io"].toObject()["RDY"].toBool(), true);
+        QCOMPARE(report["io"].toObject()["ALM"].toBool(), false);
+        QCOMPARE(report["journal"].toArray().size(), 1);
+        QCOMPARE(report["journal"].toArray()[0].toObject()["unit"].toString(), QStringLiteral("Station 7"));
+
+        const QString pdf = files.filePath(QStringLiteral("r.pdf"));
+        QCOMPARE(KtrctlProcess::run(unit + QStringList{"report", "-o", pdf, "--paper", "letter", "--note", "Line 2"}).exitCode, 0);
+        QFile pages(pdf);
+        QVERIFY(pages.open(QIODevice::ReadOnly));
+        const QByteArray bytes = pages.readAll();
+        QVERIFY(bytes.contains("/MediaBox [0 0 612.000000 792.000000]"));
+        QString missing;
+        const QStringList pieces{"Commissioning report", "Unit:", "Station 7", "Note:", "Line 2", "VEL", "33", "10", "*",
+                                 "SP current:", "1.50 A", "VEL: 300", "● RDY", "homing", "done", "Commissioned by:", "Accepted by:"};
+        QVERIFY2(findInOrder(pdfText(bytes), pieces, &missing) >= 0, qPrintable(missing));
+    }
+
+    // A unit that cannot be read gets no report.
+    void reportNotWrittenWhenTheReadFails()
+    {
+        QTemporaryDir files;
+        SimProcess sim(QStringLiteral(KTRSIM_PATH));
+        QVERIFY2(sim.start({"--error-reply", "RP:101"}), sim.standardError().constData());
+        const QString json = files.filePath(QStringLiteral("r.json"));
+        const CtlRun run = KtrctlProcess::run({"--port", sim.devicePath(), "report", "-o", json});
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.err.endsWith(QStringLiteral("The report was not written: the controller could not be read.\n")), qPrintable(run.err));
+        QVERIFY(!QFile::exists(json));
     }
 
     // Ctrl-C while the third move runs: it completes, no fourth starts.

@@ -9,6 +9,9 @@
 #include "opdata/widgets/OpDataPage.h"
 #include "opdata/widgets/OpDataPageController.h"
 #include "params/widgets/ParaPage.h"
+#include "record/ReportPrintout.h"
+#include "record/widgets/ReportDialog.h"
+#include "record/widgets/ReportMenuCommand.h"
 #include "shell/widgets/CommLogWindow.h"
 #include "shell/widgets/OptionsDialog.h"
 #include "sim/SimSerialPort.h"
@@ -236,6 +239,42 @@ private slots:
         QVERIFY(w.prompter.lastText().startsWith("The communication log could not be saved."));
         log.cmdClear->click();
         QCOMPARE(log.log->rowCount(), 0);
+    }
+
+    // Commissioning report: the unit asked for (proposed again on the same
+    // port), the controller read once with the menus held, the pages shown
+    // with what was read; cancelling the question reads nothing.
+    void reportReadsTheUnitIntoThePreview()
+    {
+        SimWindow w;
+        std::optional<ReportData> shown;
+        QAction* control = w.window->findChild<QMenu*>(QStringLiteral("mnuCont"))->menuAction();
+        int sentWhileHeld = 0;
+        QObject::connect(&w.link(), &Link::frameSent, [&] { sentWhileHeld += control->isEnabled() ? 0 : 1; });
+        QStringList frames;
+        w.window->report->showPreview = [&](ReportPrintout& printout) { shown = printout.data(); };
+        for (const bool accepted : {true, false}) {
+            whenDialogOpens<ReportDialog>([accepted](ReportDialog& d) {
+                QCOMPARE(d.txtReportUnit->text(), accepted ? QString() : QStringLiteral("Station 7"));
+                QTest::keyClicks(d.txtReportUnit, QStringLiteral("Station 7"));
+                QTest::keyClicks(d.txtReportNote, QStringLiteral("belt fitted"));
+                accepted ? d.accept() : d.reject();
+            });
+            w.frames.clear();
+            w.window->mnuReport->trigger();
+            frames << w.frames;
+        }
+        QCOMPARE(frames.size(), 12);
+        QCOMPARE(sentWhileHeld, 12);
+        QVERIFY(control->isEnabled());
+        QVERIFY(shown);
+        QCOMPARE(shown->unit, QStringLiteral("Station 7"));
+        QCOMPARE(shown->note, QStringLiteral("belt fitted"));
+        QCOMPARE(shown->controllerVersion, QStringLiteral("1.00"));
+        QCOMPARE(shown->parameters.at(0).value, QVariant(30));
+        QCOMPARE(shown->opData.vel, 300);
+        QVERIFY(shown->lamps[size_t(IoBits::index(IoLamp::OutputRdy))]);
+        QCOMPARE(w.prompter.shown.size(), 0);
     }
 
     // Closing the window (or File, Exit where it acts) while a sequence waits:

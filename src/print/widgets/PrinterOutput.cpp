@@ -80,10 +80,20 @@ void PrinterOutput::offerPdf(QPrintDialog& dialog, const Printout& printout)
     savePdf->setObjectName(QStringLiteral("cmdSavePdf"));
     const QString proposed = printout.pdfFileName();
     QObject::connect(savePdf, &QPushButton::clicked, &dialog, [this, &dialog, proposed] {
-        m_pdfPath = m_files.saveFile(Msg(SavePdfTitle), Msg(PdfFilter), PdfExtension, proposed);
-        if (!m_pdfPath.isEmpty())
+        if (askPdfPath(proposed))
             dialog.done(SavePdf);
     });
+}
+
+bool PrinterOutput::askPdfPath(const QString& proposed)
+{
+    m_pdfPath = m_files.saveFile(Msg(SavePdfTitle), Msg(PdfFilter), PdfExtension, proposed);
+    return !m_pdfPath.isEmpty();
+}
+
+bool PrinterOutput::saveAsPdf(Printout& printout)
+{
+    return askPdfPath(printout.pdfFileName()) && savedAsPdf(printout);
 }
 
 bool PrinterOutput::printed(Printout& printout, QPrinter& printer)

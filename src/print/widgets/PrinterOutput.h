@@ -32,6 +32,10 @@ public:
     // nothing is said), or the failure has been told.
     bool print(Printout& printout);
 
+    // Asks for a file and saves the page there as a PDF; false when no file
+    // was named (nothing said) or the save failed (told).
+    bool saveAsPdf(Printout& printout);
+
     static void configure(QPrintDialog& dialog);
     // Draws the page on a printer already chosen, measured from the
     // paper's edge so the page looks as it does in a PDF.
@@ -40,6 +44,7 @@ public:
 private:
     static int showModal(QPrintDialog& dialog);
     void offerPdf(QPrintDialog& dialog, const Printout& printout);
+    bool askPdfPath(const QString& proposed);
     bool printed(Printout& printout, QPrinter& printer);
     bool savedAsPdf(Printout& printout);
 

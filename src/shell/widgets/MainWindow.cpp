@@ -12,6 +12,7 @@
 #include "opdata/widgets/OpDataPageController.h"
 #include "params/widgets/ParaPage.h"
 #include "params/widgets/ParaPageController.h"
+#include "record/widgets/ReportMenuCommand.h"
 #include "shell/widgets/AboutDialog.h"
 #include "shell/widgets/AppIcon.h"
 #include "shell/widgets/CommLogWindow.h"
@@ -78,6 +79,8 @@ MainWindow::MainWindow(const StartupOptions& target, QWidget* parent)
     m_session = new ControllerSession(*this, target);
     connectMenus();
     new ControllerActions(*this, *m_session);
+    report = new ReportMenuCommand(context(), this);
+    connect(mnuReport, &QAction::triggered, report, &ReportMenuCommand::run);
     composePages();
     // Room for both pages without scrolling, never more than the screen.
     QSize size(qMax(1000, sizeHint().width()), sizeHint().height());
@@ -156,6 +159,7 @@ void MainWindow::buildMenus()
 
     mnuCont = menu("mnuCont", 4011);
     mnuShowCtversion = menuItem(mnuCont, "mnuShowCtversion", 4012);
+    mnuReport = menuItem(mnuCont, "mnuReport", 5684);
 
     mnuModeChange = menu("mnuModeChange", 4013);
     mnuOption = menuItem(mnuModeChange, "mnuOption", 4014);

@@ -24,6 +24,7 @@ class QMenu;
 class QProgressBar;
 class QStatusBar;
 class QTabWidget;
+class ReportMenuCommand;
 struct SequenceContext;
 
 // Steps of the window's life that other parts of the program provide when
@@ -88,7 +89,9 @@ public:
     QAction* mnuFileOpen;
     QAction* mnuFileExit;
     QAction* mnuShowCtversion;
+    QAction* mnuReport;
     QAction* mnuOption;
+    ReportMenuCommand* report = nullptr;
 
     QTabWidget* SSTab1;
     OpDataPage* opData;
