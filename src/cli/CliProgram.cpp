@@ -4,6 +4,7 @@
 #include "cli/ExitStatus.h"
 #include "cli/FrameTrace.h"
 #include "cli/GlobalOptions.h"
+#include "cli/JournalCommand.h"
 #include "cli/LinkCommands.h"
 #include "cli/ListFiles.h"
 #include "cli/OpDataCommands.h"
@@ -74,6 +75,7 @@ CliProgram::CliProgram(QTextStream& out, QTextStream& err)
     addParamsCommands(m_registry);
     addOpDataCommands(m_registry);
     addReportCommand(m_registry);
+    addJournalCommand(m_registry);
 }
 
 const CliCommand* CliProgram::command(const GlobalOptions& options, QStringList* args) const

@@ -19,7 +19,10 @@ CliSession::CliSession(const GlobalOptions& options, SerialPort* port, Interrupt
     , m_interrupt(interrupt)
     , m_unit(options.unit)
     , m_port(port)
-    , m_link(*m_port, m_prompter, m_alarms, m_errors)
+    , m_link(*m_port, m_tap, m_alarms, m_errors)
+    , m_journal(
+          m_context, m_errors, m_tap, QStringLiteral("ktrctl"), [this](const QString&) { return m_unit; },
+          Journal(Journal::defaultDirectory(), [this](const QString& text) { report(text); }))
 {
     m_port->setParent(this);
     // The built-in controller answers on any name; a device named for the

@@ -7,7 +7,9 @@
 #include "link/CommandSet.h"
 #include "link/ErrorList.h"
 #include "link/Link.h"
+#include "link/PrompterTap.h"
 #include "link/SequenceContext.h"
+#include "record/JournalRecorder.h"
 
 #include <QObject>
 #include <QTextStream>
@@ -18,7 +20,7 @@ struct GlobalOptions;
 
 // Everything a ktrctl command works with: the link on the chosen port (or
 // the built-in virtual controller), its commands, the stderr prompter, and
-// the do-nothing enabling, progress and file dialogs of a program without
+// the journal of its changes, the do-nothing enabling, progress and file dialogs of a program without
 // a window. out carries the command's results, err its messages; both
 // streams and the port (which the session takes over) come from its creator.
 class CliSession : public QObject {
@@ -31,10 +33,13 @@ public:
     CommandSet& commands() { return m_commands; }
     SequenceContext& context() { return m_context; }
     AlarmDisplay& alarms() { return m_alarms; }
-    Prompter& prompter() { return m_prompter; }
+    Prompter& prompter() { return m_tap; }
     Interrupt& interrupt() { return m_interrupt; }
     // --unit: names the unit for the journal and the report; empty when not given.
     const QString& unit() const { return m_unit; }
+
+    // The journal of the changes this run makes to the controller.
+    JournalRecorder& journal() { return m_journal; }
 
     // The controller's error texts, read before a command talks to it.
     ErrorList& errors() { return m_errors; }
@@ -67,6 +72,7 @@ private:
     Interrupt& m_interrupt;
     QString m_unit;
     StderrPrompter m_prompter{m_err};
+    PrompterTap m_tap{m_prompter};
     NoLamps m_alarms;
     ErrorList m_errors;
     SerialPort* m_port;
@@ -75,5 +81,6 @@ private:
     ControlLock m_lock;
     ProgressDisplay m_progress;
     NoDialogs m_files;
-    SequenceContext m_context{m_link, m_commands, m_prompter, m_lock, m_progress, m_files};
+    SequenceContext m_context{m_link, m_commands, m_tap, m_lock, m_progress, m_files};
+    JournalRecorder m_journal;
 };

@@ -20,6 +20,7 @@ IoCommand::IoCommand(CliSession& session, QObject* parent)
     : QObject(parent)
     , m_session(session)
     , m_monitor(session.context(), *this)
+    , m_journal(session.journal(), m_monitor)
 {
     connect(&m_monitor, &IoMonitor::lampsShown, this, &IoCommand::readingShown);
 }
@@ -64,6 +65,7 @@ int IoCommand::run(const QStringList& args)
 
     m_monitor.start();
     Waiter::waitUntil([this] { return !m_monitor.mIoRunning; });
+    m_journal.monitorStopped();
     // The monitor stops by itself only when a transaction failed.
     return m_finishing && !Waiter::aborted() ? ExitDone : ExitLinkFailed;
 }
@@ -72,8 +74,10 @@ void IoCommand::readingShown()
 {
     ++m_readings;
     if (m_readings == 1 && !m_toggles.isEmpty()) {
-        for (IoLamp output : m_toggles)
+        for (IoLamp output : m_toggles) {
             m_monitor.outputClicked(output);
+            m_journal.clicked(output);
+        }
         return;
     }
     if (!m_watch) {

@@ -2,6 +2,7 @@
 
 #include "opdata/IoMonitor.h"
 #include "opdata/IoMonitorView.h"
+#include "record/OutputJournal.h"
 
 #include <QList>
 #include <QObject>
@@ -15,7 +16,7 @@ class CliSession;
 // the command line. The monitor's reading is printed as one line of lamp
 // states ("STB=0 STOP=1 ALM=0 RDY=1 IN-P=1 OUT1=0 OUT2=0"). Outputs named
 // with --toggle are switched after the first reading, and the line shows
-// them read back. --watch prints the first line and then every change until
+// them read back, each switch entered in the journal. --watch prints the first line and then every change until
 // Ctrl-C; the controller leaves its monitoring mode at the end either way.
 class IoCommand : public QObject, public IoMonitorView {
     Q_OBJECT
@@ -39,6 +40,7 @@ private:
 
     CliSession& m_session;
     IoMonitor m_monitor;
+    OutputJournal m_journal;
     std::array<bool, AllIoLamps.size()> m_lamps{};
     QList<IoLamp> m_toggles;
     bool m_watch = false;

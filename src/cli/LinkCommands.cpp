@@ -6,6 +6,7 @@
 #include "common/MessageTable.h"
 #include "link/AlarmReset.h"
 #include "link/VersionQuery.h"
+#include "record/JournalAction.h"
 
 namespace {
 
@@ -57,7 +58,10 @@ int reset(CliSession& session, const QStringList& args)
 {
     if (const int bad = session.noArguments(args))
         return bad;
-    return exitFor(AlarmReset(session.context(), session.alarms()).run());
+    JournalAction entry(session.journal(), JournalEntry::AlarmReset);
+    const int result = AlarmReset(session.context(), session.alarms()).run();
+    entry.finish(result == 0);
+    return exitFor(result);
 }
 
 } // namespace

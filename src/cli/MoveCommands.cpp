@@ -11,6 +11,8 @@
 #include "opdata/Homing.h"
 #include "opdata/MoveRun.h"
 #include "opdata/MoveTestState.h"
+#include "record/JournalAction.h"
+#include "record/MoveJournal.h"
 
 namespace {
 
@@ -53,7 +55,10 @@ int home(CliSession& session, const QStringList& args)
     if (const int bad = session.noArguments(args))
         return bad;
     HeadlessOpDataView view;
-    return Homing(session.context(), view).run() == 0 ? ExitDone : ExitLinkFailed;
+    JournalAction entry(session.journal(), JournalEntry::Home);
+    const int result = Homing(session.context(), view).run();
+    entry.finish(result == 0);
+    return result == 0 ? ExitDone : ExitLinkFailed;
 }
 
 int move(CliSession& session, const QStringList& args)
@@ -72,11 +77,15 @@ int move(CliSession& session, const QStringList& args)
     session.interrupt().setAbortsWaits(false);
     QObject::connect(&session.interrupt(), &Interrupt::raised, &run, &MoveRun::stop);
 
-    switch (run.run()) {
+    MoveJournal journal(session.journal(), run);
+    const MoveRun::Result result = run.run();
+    const QString refused = Msg(NotAtRest).arg(lastStatus(session.commands()));
+    journal.runEnded(result == MoveRun::Result::Done, result == MoveRun::Result::NotAtRest ? refused : QString());
+    switch (result) {
     case MoveRun::Result::Done:
         return ExitDone;
     case MoveRun::Result::NotAtRest:
-        session.report(Msg(NotAtRest).arg(lastStatus(session.commands())));
+        session.report(refused);
         return ExitLinkFailed;
     case MoveRun::Result::Failed:
     default:

@@ -20,6 +20,8 @@
 #include "print/OpDataPrintSource.h"
 #include "print/OpDataPrintout.h"
 #include "print/PdfPrinter.h"
+#include "record/JournalAction.h"
+#include "record/JournalWritten.h"
 
 namespace {
 
@@ -147,8 +149,12 @@ int writeCommand(CliSession& session, const QStringList& args)
         return loaded;
     view.shown.optCW = dir != u"ccw";
     const bool confirm = parsed.has(ConfirmFlag);
+    JournalAction entry(session.journal(), JournalEntry::OpDataWrite);
     WriteToCt write(session.context(), state, view);
-    if (write.run(confirm) != 0)
+    const int result = write.run(confirm);
+    entry.setWritten(JournalWritten::operationData(state.PosiData));
+    entry.finish(result == 0);
+    if (result != 0)
         return ExitLinkFailed;
     return confirm ? printReadBack(session, write.readBack()) : ExitDone;
 }

@@ -26,6 +26,7 @@
 #include "print/ParaPrintCommands.h"
 #include "print/ParaPrintout.h"
 #include "print/PdfPrinter.h"
+#include "record/JournalAction.h"
 
 namespace {
 
@@ -161,9 +162,12 @@ int writeParams(CliSession& session, const QStringList& args)
     if (!screenAccepted(session, data, screen))
         return ExitUsage;
 
+    JournalAction entry(session.journal(), JournalEntry::ParamsWrite);
+    entry.setWritten(session.journal().writtenParameters(data.set));
     ParaWriteCommand write(session.context(), data);
     const int result = write.WriteParaWorker(screen, arguments.has(Confirm));
     session.link().CloseCommPort();
+    entry.finish(result == 0);
     if (result != 0)
         return ExitLinkFailed;
     if (arguments.has(Confirm))

@@ -29,6 +29,7 @@ inline constexpr SingleSetting MainLeft{"MainLeft", 1000};
 inline constexpr SingleSetting MainTop{"MainTop", 1000};
 // The device of the port chosen last, where the port number alone is not enough.
 inline constexpr TextSetting PortName{"PortName", ""};
-// The unit identification last given to a report, by port: a JSON object.
-inline constexpr TextSetting ReportUnits{"ReportUnits", ""};
+// The unit identification of each port (Options, reports), a JSON object;
+// stored under the name the first reports gave it.
+inline constexpr TextSetting UnitByPort{"ReportUnits", ""};
 } // namespace Setting

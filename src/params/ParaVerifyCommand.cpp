@@ -21,9 +21,11 @@ ParaVerifyCommand::ParaVerifyCommand(SequenceContext& ctx, ParaData& data)
 {
 }
 
-void ParaVerifyCommand::cmdConpareCT_Click(const ParaScreen& screen)
+bool ParaVerifyCommand::cmdConpareCT_Click(const ParaScreen& screen)
 {
-    runParaTransaction(m_ctx, [&] { CompareWithController(screen); });
+    bool read = false;
+    runParaTransaction(m_ctx, [&] { read = CompareWithController(screen); });
+    return read;
 }
 
 void ParaVerifyCommand::cmdConpareFile_Click(const ParaScreen& screen)
@@ -32,13 +34,12 @@ void ParaVerifyCommand::cmdConpareFile_Click(const ParaScreen& screen)
     CompareWithFile(screen);
 }
 
-void ParaVerifyCommand::CompareWithController(const ParaScreen& screen)
+bool ParaVerifyCommand::CompareWithController(const ParaScreen& screen)
 {
-    if (!screenReady(screen))
-        return;
-    if (ReadParaFromCt(m_ctx, m_data.image) != 0)
-        return;
+    if (!screenReady(screen) || ReadParaFromCt(m_ctx, m_data.image) != 0)
+        return false;
     report();
+    return true;
 }
 
 void ParaVerifyCommand::CompareWithFile(const ParaScreen& screen)

@@ -42,10 +42,12 @@ ParaWriteCommand::ParaWriteCommand(SequenceContext& ctx, ParaData& data)
 {
 }
 
-void ParaWriteCommand::cmdParaWrite_Click(const ParaScreen& screen)
+int ParaWriteCommand::cmdParaWrite_Click(const ParaScreen& screen)
 {
     const bool readBack = ReadBack::chosen();
-    runParaTransaction(m_ctx, [&] { WriteParaWorker(screen, readBack); });
+    int result = 1;
+    runParaTransaction(m_ctx, [&] { result = WriteParaWorker(screen, readBack); });
+    return result;
 }
 
 int ParaWriteCommand::WriteParaWorker(const ParaScreen& screen, bool readBack)

@@ -18,8 +18,9 @@ public:
 
     // Commands and menus off and the busy flag set around WriteParaWorker;
     // the port is closed afterwards unless it is kept occupied. The window's
-    // option decides whether the write is read back.
-    void cmdParaWrite_Click(const ParaScreen& screen);
+    // option decides whether the write is read back. As WriteParaWorker: 0
+    // when the parameters were written.
+    int cmdParaWrite_Click(const ParaScreen& screen);
 
     // Confirmation (470), input check (7, 8), range check (1524, 1525), the
     // at-rest query (moving: 424, no answer: 377), WriteParaToCt, and the

@@ -11,6 +11,10 @@
 #include "opdata/widgets/OpDataPage.h"
 #include "params/ActuatorSize.h"
 #include "print/widgets/PrinterOutput.h"
+#include "record/JournalAction.h"
+#include "record/JournalWritten.h"
+#include "record/MoveJournal.h"
+#include "record/OutputJournal.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -31,14 +35,17 @@ void selectText(QComboBox* list, const QString& text)
 
 } // namespace
 
-OpDataPageController::OpDataPageController(OpDataPage& page, SequenceContext& ctx, QWidget* window)
+OpDataPageController::OpDataPageController(OpDataPage& page, SequenceContext& ctx, JournalRecorder& journal,
+                                           QWidget* window)
     : QObject(window)
     , m_window(window)
     , m_page(page)
     , m_ctx(ctx)
+    , m_journal(journal)
     , m_homing(ctx, *this)
     , m_moveRun(new MoveRun(ctx, m_moveState, *this, this))
     , m_monitor(new IoMonitor(ctx, *this, this))
+    , m_outputJournal(new OutputJournal(journal, *m_monitor, this))
     , m_print([&ctx, window](Printout& printout) {
         return PrinterOutput(ctx.files, ctx.prompter, window).print(printout);
     })
@@ -175,7 +182,10 @@ void OpDataPageController::cmdGetfromCt_Click()
 
 void OpDataPageController::cmdLoadtoCt_Click()
 {
-    WriteToCt(context(), m_state, *this).run();
+    JournalAction entry(m_journal, JournalEntry::OpDataWrite);
+    const int result = WriteToCt(context(), m_state, *this).run();
+    entry.setWritten(JournalWritten::operationData(m_state.PosiData));
+    entry.finish(result == 0);
 }
 
 void OpDataPageController::cmdDataPrint_Click()
@@ -190,12 +200,14 @@ void OpDataPageController::cmdFilePrint_Click()
 
 void OpDataPageController::cmdHOME_Click()
 {
-    m_homing.run();
+    JournalAction entry(m_journal, JournalEntry::Home);
+    entry.finish(m_homing.run() == 0);
 }
 
 void OpDataPageController::cmdMOVE_Click()
 {
-    m_moveRun->run();
+    MoveJournal journal(m_journal, *m_moveRun);
+    journal.runEnded(m_moveRun->run() == MoveRun::Result::Done);
 }
 
 // Each ignores a STOP while it does not run.
@@ -205,16 +217,21 @@ void OpDataPageController::cmdSTOP_Click()
     m_homing.stop();
 }
 
+// A switch clicked but not yet written when the monitor stops is not written.
 void OpDataPageController::cmdIoMonitor_Click()
 {
     m_monitor->toggle();
+    if (m_monitor->mIoStopRequest)
+        m_outputJournal->monitorStopped();
 }
 
 void OpDataPageController::outputLampClicked(Lamp* lamp)
 {
     for (IoLamp output : AllIoLamps)
-        if (IoBits::objectName(output) == lamp->objectName())
+        if (IoBits::objectName(output) == lamp->objectName()) {
             m_monitor->outputClicked(output);
+            m_outputJournal->clicked(output);
+        }
 }
 
 // A size with a fixed current shows it and locks the field; the special

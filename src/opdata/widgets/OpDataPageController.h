@@ -10,6 +10,8 @@
 #include <QObject>
 
 class IoMonitor;
+class JournalRecorder;
+class OutputJournal;
 class Lamp;
 class MoveRun;
 class OpDataPage;
@@ -25,8 +27,9 @@ class OpDataPageController : public QObject, public OpDataView, public IoMonitor
     Q_OBJECT
 public:
     // window: the main window, parent of this controller and of the
-    // dialogs the tab opens.
-    OpDataPageController(OpDataPage& page, SequenceContext& ctx, QWidget* window);
+    // dialogs the tab opens. journal: where writes, moves and switched
+    // outputs are entered.
+    OpDataPageController(OpDataPage& page, SequenceContext& ctx, JournalRecorder& journal, QWidget* window);
 
     // Where the printouts go: the system print dialog, unless a test sends
     // them elsewhere.
@@ -69,10 +72,12 @@ private:
     QWidget* m_window;
     OpDataPage& m_page;
     SequenceContext& m_ctx;
+    JournalRecorder& m_journal;
     OpDataState m_state;
     MoveTestState m_moveState;
     Homing m_homing;
     MoveRun* m_moveRun;
     IoMonitor* m_monitor;
+    OutputJournal* m_outputJournal;
     OpDataPrintCommand::PrintFunction m_print;
 };

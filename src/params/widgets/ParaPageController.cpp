@@ -1,5 +1,6 @@
 #include "params/widgets/ParaPageController.h"
 
+#include "common/RuntimeError.h"
 #include "device/ActSizeList.h"
 #include "device/widgets/DeviceDialog.h"
 #include "device/widgets/SizeListCombo.h"
@@ -9,10 +10,13 @@
 #include "params/ParaVerifyCommand.h"
 #include "params/ParaWriteCommand.h"
 #include "params/StandardPara.h"
+#include "params/TakeCtParaImage.h"
 #include "params/TokuParaChange.h"
 #include "params/widgets/ParaEntryRules.h"
 #include "params/widgets/ParaPage.h"
 #include "print/widgets/PrinterOutput.h"
+#include "record/JournalAction.h"
+#include "record/JournalRecorder.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -21,11 +25,12 @@
 #include <QRadioButton>
 
 ParaPageController::ParaPageController(ParaPage& page, QLineEdit& current, SequenceContext& ctx,
-                                       QWidget* window)
+                                       JournalRecorder& journal, QWidget* window)
     : QObject(window)
     , m_window(window)
     , m_page(page)
     , m_ctx(ctx)
+    , m_journal(journal)
     , m_view(page, current)
     , m_print([&ctx, window](Printout& printout) {
         return PrinterOutput(ctx.files, ctx.prompter, window).print(printout);
@@ -90,17 +95,47 @@ void ParaPageController::LoadDeviceListAtStart()
 
 void ParaPageController::cmdParaRead_Click()
 {
-    onScreen([this](ParaScreen& s) { ParaReadCommand(context(), m_data, m_devices).cmdParaRead_Click(s); });
+    onScreen([this](ParaScreen& s) {
+        ParaReadCommand read(context(), m_data, m_devices);
+        read.cmdParaRead_Click(s);
+        if (read.parametersShown())
+            m_journal.rememberParameters(m_data.set);
+    });
 }
 
+// The entry names the values that differ from the controller's, when they
+// are known.
 void ParaPageController::cmdParaWrite_Click()
 {
-    onScreen([this](ParaScreen& s) { ParaWriteCommand(context(), m_data).cmdParaWrite_Click(s); });
+    onScreen([this](ParaScreen& s) {
+        JournalAction entry(m_journal, JournalEntry::ParamsWrite);
+        const bool written = ParaWriteCommand(context(), m_data).cmdParaWrite_Click(s) == 0;
+        entry.setWritten(m_journal.writtenParameters(m_data.set));
+        entry.finish(written);
+        if (written)
+            m_journal.rememberParameters(m_data.set);
+    });
 }
 
 void ParaPageController::cmdConpareCT_Click()
 {
-    onScreen([this](ParaScreen& s) { ParaVerifyCommand(context(), m_data).cmdConpareCT_Click(s); });
+    onScreen([this](ParaScreen& s) {
+        if (ParaVerifyCommand(context(), m_data).cmdConpareCT_Click(s))
+            rememberImage();
+    });
+}
+
+// An image the set cannot take (a value too large for its field) leaves
+// what was known unknown.
+void ParaPageController::rememberImage()
+{
+    ParaSet set = m_data.set;
+    try {
+        TakeCtParaImage(m_data.image, set);
+        m_journal.rememberParameters(set);
+    } catch (const RuntimeError&) {
+        m_journal.forgetParameters();
+    }
 }
 
 void ParaPageController::cmdConpareFile_Click()

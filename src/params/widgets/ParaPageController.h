@@ -9,6 +9,7 @@
 
 #include <functional>
 
+class JournalRecorder;
 class ParaPage;
 class QLineEdit;
 class QWidget;
@@ -24,8 +25,10 @@ class ParaPageController : public QObject {
 public:
     // current: the drive current box of the operation data tab, which the
     // parameters show and take. window: the main window, parent of this
-    // controller and of the dialogs the tab opens.
-    ParaPageController(ParaPage& page, QLineEdit& current, SequenceContext& ctx, QWidget* window);
+    // controller and of the dialogs the tab opens. journal: where writes are
+    // entered, and what knows the parameters the controller holds.
+    ParaPageController(ParaPage& page, QLineEdit& current, SequenceContext& ctx, JournalRecorder& journal,
+                       QWidget* window);
 
     const ParaData& data() const { return m_data; }
     // Where the page's printouts go: the system print dialog, unless a test
@@ -53,10 +56,13 @@ private:
     ParaPrintCommands printCommands();
     // Capture the screen, run the step, show the screen.
     void onScreen(const std::function<void(ParaScreen&)>& step);
+    // The controller's parameters as the image read holds them.
+    void rememberImage();
 
     QWidget* m_window;
     ParaPage& m_page;
     SequenceContext& m_ctx;
+    JournalRecorder& m_journal;
     ParaScreenView m_view;
     ParaData m_data;
     DeviceList m_devices;

@@ -3,7 +3,7 @@
 #include "link/SequenceContext.h"
 #include "record/ReportCollector.h"
 #include "record/ReportPrintout.h"
-#include "record/ReportUnits.h"
+#include "record/UnitByPort.h"
 #include "record/widgets/ReportDialog.h"
 #include "record/widgets/ReportPreview.h"
 
@@ -21,10 +21,10 @@ ReportMenuCommand::ReportMenuCommand(SequenceContext& ctx, QWidget* window)
 void ReportMenuCommand::run()
 {
     const QString port = ReportCollector::portText(m_ctx);
-    ReportDialog dialog(ReportUnits::lastFor(port), m_window);
+    ReportDialog dialog(UnitByPort::lastFor(port), m_window);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    ReportUnits::remember(port, dialog.unit());
+    UnitByPort::remember(port, dialog.unit());
     ReportData data;
     data.unit = dialog.unit();
     data.note = dialog.note();

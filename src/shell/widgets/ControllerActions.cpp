@@ -5,6 +5,7 @@
 #include "link/Link.h"
 #include "link/VersionQuery.h"
 #include "opdata/widgets/OpDataPage.h"
+#include "record/JournalAction.h"
 #include "shell/widgets/ControllerSession.h"
 #include "shell/widgets/MainWindow.h"
 #include "shell/widgets/OptionsDialog.h"
@@ -28,7 +29,8 @@ ControllerActions::ControllerActions(MainWindow& window, ControllerSession& sess
 
 void ControllerActions::cmdRESET_Click()
 {
-    AlarmReset(m_session.context(), m_window.alarms()).run();
+    JournalAction entry(m_session.journal(), JournalEntry::AlarmReset);
+    entry.finish(AlarmReset(m_session.context(), m_window.alarms()).run() == 0);
 }
 
 void ControllerActions::mnuShowCtversion_Click()

@@ -4,6 +4,8 @@
 #include "link/Link.h"
 #include "link/PortNaming.h"
 #include "link/QtSerialPort.h"
+#include "record/JournalRecorder.h"
+#include "record/UnitByPort.h"
 #include "shell/StartupOptions.h"
 #include "shell/widgets/MainWindow.h"
 #include "sim/SimSerialPort.h"
@@ -30,9 +32,12 @@ ControllerSession::ControllerSession(MainWindow& window, const StartupOptions& t
     , m_prompter(window)
     , m_files(window)
     , m_port(makePort(target))
-    , m_link(new Link(*m_port, m_prompter, window.alarms(), m_errors, this))
+    , m_link(new Link(*m_port, m_tap, window.alarms(), m_errors, this))
     , m_commands(*m_link)
-    , m_context{*m_link, m_commands, m_prompter, window.lock(), window.progress(), m_files}
+    , m_context{*m_link, m_commands, m_tap, window.lock(), window.progress(), m_files}
+    , m_journal(std::make_unique<JournalRecorder>(
+          m_context, m_errors, m_tap, QStringLiteral("ktr-w5"), UnitByPort::lastFor,
+          Journal(Journal::defaultDirectory(), [this](const QString& text) { m_prompter.notify(text, Prompter::Icon::Exclamation); })))
 {
     // A device named for the run, or stored by the options dialog, replaces
     // the numbered port.
@@ -46,9 +51,10 @@ ControllerSession::ControllerSession(MainWindow& window, const StartupOptions& t
         m_link->setPortName(PortNaming::storedName());
 }
 
-// The link goes first: it still refers to the port.
+// The journal and the link go first: they still refer to the port.
 ControllerSession::~ControllerSession()
 {
+    m_journal.reset();
     delete m_link;
 }
 

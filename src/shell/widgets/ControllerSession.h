@@ -4,10 +4,14 @@
 #include "link/CommandSet.h"
 #include "link/ErrorList.h"
 #include "link/Prompter.h"
+#include "link/PrompterTap.h"
 #include "link/SequenceContext.h"
 
 #include <QObject>
 
+#include <memory>
+
+class JournalRecorder;
 class Link;
 class MainWindow;
 class SerialPort;
@@ -33,6 +37,7 @@ public:
     Link& link() { return *m_link; }
     CommandSet& commands() { return m_commands; }
     const ErrorList& errors() const { return m_errors; }
+    JournalRecorder& journal() { return *m_journal; }
 
     // The built-in virtual controller; nullptr on a real port.
     SimController* simulator() const { return m_simulator; }
@@ -72,6 +77,7 @@ private:
     SerialPort* makePort(const StartupOptions& target);
 
     WindowPrompter m_prompter;
+    PrompterTap m_tap{m_prompter};
     WindowFiles m_files;
     ErrorList m_errors;
     SimController* m_simulator = nullptr;
@@ -79,4 +85,5 @@ private:
     Link* m_link;
     CommandSet m_commands;
     SequenceContext m_context;
+    std::unique_ptr<JournalRecorder> m_journal;
 };

@@ -106,9 +106,10 @@ SequenceContext& MainWindow::context()
 void MainWindow::composePages()
 {
     SequenceContext& ctx = context();
-    auto* paraController = new ParaPageController(*para, *opData->txtDenryu, ctx, this);
+    JournalRecorder& journal = m_session->journal();
+    auto* paraController = new ParaPageController(*para, *opData->txtDenryu, ctx, journal, this);
     hooks.loadDeviceList = [paraController] { paraController->LoadDeviceListAtStart(); };
-    auto* opDataController = new OpDataPageController(*opData, ctx, this);
+    auto* opDataController = new OpDataPageController(*opData, ctx, journal, this);
     connect(para->comboActSize, &QComboBox::currentTextChanged, opDataController,
             &OpDataPageController::actuatorSizeChanged);
 }

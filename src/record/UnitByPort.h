@@ -2,9 +2,10 @@
 
 #include <QString>
 
-// The unit identification last given to a report on each port, so the next
-// report of the same port proposes it.
-class ReportUnits {
+// The unit identification of each port, as last given in the Options dialog
+// or to a report: journal entries of the desktop tool carry it, and the next
+// report on the port proposes it.
+class UnitByPort {
 public:
     // Empty when none was given on that port.
     static QString lastFor(const QString& port);
