@@ -36,7 +36,7 @@ void setLanguage(qint16 language)
 
 // A wait that spins serves no timer, so no test can end it: QtTest's watchdog
 // ends the run instead, long before ctest's limit.
-[[maybe_unused]] const bool g_watchdog = qputenv("QTEST_FUNCTION_TIMEOUT", "60000");
+[[maybe_unused]] const bool g_watchdog = qputenv("QTEST_FUNCTION_TIMEOUT", "150000");
 
 // Processor time this process has used so far.
 qint64 cpuMs()
