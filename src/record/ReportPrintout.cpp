@@ -3,6 +3,7 @@
 #include "common/MessageTable.h"
 #include "print/PrintCanvas.h"
 #include "print/PrintFooter.h"
+#include "record/JournalText.h"
 
 #include <QJsonDocument>
 #include <QLocale>
@@ -63,17 +64,6 @@ QString timeText(const QDateTime& time)
     return time.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
 }
 
-QString actionText(const QString& action)
-{
-    static const QList<std::pair<QString, int>> names = {
-        {JournalEntry::ParamsWrite, 5674}, {JournalEntry::OpDataWrite, 5675}, {JournalEntry::OutputToggle, 5676}, {JournalEntry::AlarmReset, 5677}, {JournalEntry::Home, 5678}, {JournalEntry::Move, 5679}};
-    for (const auto& [name, message] : names) {
-        if (name == action)
-            return Msg(message);
-    }
-    return action;
-}
-
 Block heading(const ReportData& d)
 {
     Block block = {
@@ -132,7 +122,7 @@ QList<Block> journal(const ReportData& d)
         blocks.last() << Row{{LeftX, Msg(NoEntries)}};
     for (const JournalEntry& e : d.journal) {
         const QString written = QString::fromUtf8(QJsonDocument(e.written).toJson(QJsonDocument::Compact));
-        blocks << Block{{{LeftX, timeText(e.time)}, {ValueX, actionText(e.action)}, {StandardX, Msg(e.success ? Done : Failed)}, {MarkX - 20, written, 60}}};
+        blocks << Block{{{LeftX, timeText(e.time)}, {ValueX, JournalText::actionName(e.action)}, {StandardX, Msg(e.success ? Done : Failed)}, {MarkX - 20, written, 60}}};
     }
     return blocks;
 }

@@ -12,6 +12,8 @@
 #include "opdata/widgets/OpDataPageController.h"
 #include "params/widgets/ParaPage.h"
 #include "params/widgets/ParaPageController.h"
+#include "record/Journal.h"
+#include "record/widgets/JournalWindow.h"
 #include "record/widgets/ReportMenuCommand.h"
 #include "shell/widgets/AboutDialog.h"
 #include "shell/widgets/AppIcon.h"
@@ -157,6 +159,7 @@ void MainWindow::buildMenus()
     mnuViewPara = menuItem(mnuView, "mnuViewPara", 4010);
     mnuView->addSeparator();
     mnuViewCommLog = menuItem(mnuView, "mnuViewCommLog", 5540);
+    mnuViewJournal = menuItem(mnuView, "mnuViewJournal", 5621);
 
     mnuCont = menu("mnuCont", 4011);
     mnuShowCtversion = menuItem(mnuCont, "mnuShowCtversion", 4012);
@@ -242,6 +245,7 @@ void MainWindow::connectMenus()
     connect(mnuViewMoveEdit, &QAction::triggered, this, [this] { SSTab1->setCurrentWidget(opData); });
     connect(mnuViewPara, &QAction::triggered, this, [this] { SSTab1->setCurrentWidget(para); });
     connect(mnuViewCommLog, &QAction::triggered, this, &MainWindow::mnuViewCommLog_Click);
+    connect(mnuViewJournal, &QAction::triggered, this, &MainWindow::mnuViewJournal_Click);
     connect(mnuFileExit, &QAction::triggered, this, &MainWindow::mnuFileExit_Click);
     connect(mnuHelpContents, &QAction::triggered, this, &MainWindow::mnuHelpContents_Click);
     connect(mnuHelpAbout, &QAction::triggered, this, &MainWindow::mnuHelpAbout_Click);
@@ -375,4 +379,17 @@ void MainWindow::mnuViewCommLog_Click()
     m_commLog->show();
     m_commLog->raise();
     m_commLog->activateWindow();
+}
+
+// One window for the run, read again each time it is asked for, so that
+// it shows what was entered since.
+void MainWindow::mnuViewJournal_Click()
+{
+    if (!m_journal)
+        m_journal = new JournalWindow(Journal::defaultDirectory(), this);
+    else
+        m_journal->reload();
+    m_journal->show();
+    m_journal->raise();
+    m_journal->activateWindow();
 }

@@ -14,6 +14,7 @@
 
 class CommLogWindow;
 class ControllerSession;
+class JournalWindow;
 class Lamp;
 class MainWindowProgress;
 class OpDataPage;
@@ -117,6 +118,7 @@ private:
     QAction* mnuViewMoveEdit;
     QAction* mnuViewPara;
     QAction* mnuViewCommLog;
+    QAction* mnuViewJournal;
     QMenu* mnuCont;
     QMenu* mnuModeChange;
     QMenu* mnuHelp;
@@ -141,6 +143,7 @@ private:
     void mnuHelpContents_Click();
     void mnuHelpAbout_Click();
     void mnuViewCommLog_Click();
+    void mnuViewJournal_Click();
 
     MessageBoxPrompter m_prompter;
     DialogFileChooser m_files;
@@ -152,4 +155,5 @@ private:
     StartupOptions m_linkTarget;
     ControllerSession* m_session = nullptr;
     QPointer<CommLogWindow> m_commLog;
+    QPointer<JournalWindow> m_journal;
 };

@@ -10,12 +10,14 @@
 #include "link/PortNaming.h"
 #include "link/Prompter.h"
 #include "link/ReadBack.h"
+#include "record/UnitByPort.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSerialPortInfo>
@@ -28,6 +30,7 @@ constexpr int FirstPort = 1;
 constexpr int LastPort = PortNaming::ScanPorts;
 constexpr int DialogOffsetTwips = 500;
 constexpr int VirtualControllerEntry = 5001;
+constexpr int UnitCaption = 5627;
 
 template<typename W>
 W* named(QWidget* parent, const char* name, int caption)
@@ -99,6 +102,11 @@ QWidget* OptionsDialog::buildPortTab()
     chkConfirmWrites = named<QCheckBox>(page, "chkConfirmWrites", 5563);
     lblSimulatorNote = note(page, "lblSimulatorNote", 4158);
     lblSimulatorNote->setVisible(m_simulator);
+    txtUnit = named<QLineEdit>(page, "txtUnit", 0);
+    auto* unitCaption = named<QLabel>(page, "lblUnit", UnitCaption);
+    unitCaption->setBuddy(txtUnit);
+    connect(comboPortNo, &QComboBox::currentTextChanged, this, &OptionsDialog::showUnitOfChosenPort);
+    connect(comboPortName, &QComboBox::currentTextChanged, this, &OptionsDialog::showUnitOfChosenPort);
 
     auto* portCaption = named<QLabel>(page, "lblPortNo", 4155);
     portCaption->setBuddy(comboPortNo);
@@ -113,6 +121,11 @@ QWidget* OptionsDialog::buildPortTab()
     v->addSpacing(6);
     v->addWidget(deviceCaption);
     v->addWidget(comboPortName);
+    v->addSpacing(6);
+    auto* unit = new QHBoxLayout;
+    unit->addWidget(unitCaption);
+    unit->addWidget(txtUnit, 1);
+    v->addLayout(unit);
     v->addSpacing(6);
     v->addWidget(chkPortOccupy);
     v->addWidget(chkConfirmWrites);
@@ -274,6 +287,7 @@ void OptionsDialog::applyChoices()
     ProgramState& s = ProgramState::instance();
     const bool numberChanged = takePortNumber();
     const bool deviceChanged = takeDeviceName();
+    takeUnit();
     if (numberChanged || deviceChanged) {
         if (m_link.isPortOpen()) {
             m_link.ClosePortNow();
@@ -312,6 +326,27 @@ bool OptionsDialog::takePortNumber()
 
 // True when the device named for the port differs from the one in use. The
 // virtual controller keeps answering for this run; the name is only stored.
+QString OptionsDialog::chosenPort() const
+{
+    if (m_simulator)
+        return m_link.portName();
+    const QString device = comboPortName->currentText().trimmed();
+    return device.isEmpty() ? m_link.deviceOf(portNumberOf(comboPortNo->currentText())) : device;
+}
+
+void OptionsDialog::showUnitOfChosenPort()
+{
+    txtUnit->setText(UnitByPort::lastFor(chosenPort()));
+}
+
+// Stored only when changed, as the other choices.
+void OptionsDialog::takeUnit()
+{
+    const QString unit = txtUnit->text().trimmed();
+    if (unit != UnitByPort::lastFor(chosenPort()))
+        UnitByPort::remember(chosenPort(), unit);
+}
+
 bool OptionsDialog::takeDeviceName()
 {
     const QString device = comboPortName->currentText().trimmed();

@@ -8,6 +8,7 @@ class QCheckBox;
 class QComboBox;
 class QGroupBox;
 class QLabel;
+class QLineEdit;
 class QPushButton;
 class QRadioButton;
 class QTabWidget;
@@ -25,6 +26,9 @@ class QTabWidget;
 // or any terminal device typed in, such as the virtual controller's
 // pseudo-terminal): it is stored under PortName and replaces the numbered
 // port until it is emptied again.
+//
+// txtUnit shows and edits the unit identification of the port chosen (the
+// journal's entries and the reports of that port carry it).
 //
 // Apply does what OK does and leaves the dialog open.
 class OptionsDialog : public QDialog {
@@ -49,6 +53,7 @@ public:
     QComboBox* comboPortName;
     QCheckBox* chkPortOccupy;
     QCheckBox* chkConfirmWrites; // stored under ConfirmWrites
+    QLineEdit* txtUnit;
     QLabel* lblSimulatorNote;
     QGroupBox* framDispUnit;
     QRadioButton* optDispPos_0;   // millimetres (gDispMmUnit)
@@ -83,6 +88,10 @@ private:
     void applyChoices();
     bool takePortNumber();
     bool takeDeviceName();
+    // The port the choices name, as the journal names it.
+    QString chosenPort() const;
+    void showUnitOfChosenPort();
+    void takeUnit();
 
     Link& m_link;
     Prompter& m_prompter;
