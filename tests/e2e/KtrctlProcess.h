@@ -15,14 +15,16 @@ struct CtlRun {
     QString err;
 };
 
-// ktrctl with settings of its own, English unless told; stderr is gathered as
-// it comes, so a test can act on the trace of a run in progress.
+// ktrctl with settings and a journal of its own (or the data folder given),
+// English unless told; stderr is gathered as it comes, so a test can act on
+// the trace of a run in progress.
 class KtrctlProcess {
 public:
-    KtrctlProcess()
+    explicit KtrctlProcess(const QString& dataHome = {})
     {
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_config.path());
+        env.insert(QStringLiteral("XDG_DATA_HOME"), dataHome.isEmpty() ? m_config.path() : dataHome);
         env.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_config.path());
         env.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
         m_process.setProcessEnvironment(env);
@@ -43,6 +45,7 @@ public:
         return Waiter::waitUntil([&] { return done(m_err); }, timeoutMs) == Waiter::Result::Done;
     }
     void interrupt() { ::kill(pid_t(m_process.processId()), SIGINT); }
+    void kill() { m_process.kill(); }
     CtlRun finish(int timeoutMs = 30000)
     {
         CtlRun run;
@@ -58,9 +61,9 @@ public:
         run.err = m_err;
         return run;
     }
-    static CtlRun run(const QStringList& args)
+    static CtlRun run(const QStringList& args, const QString& dataHome = {})
     {
-        KtrctlProcess ktrctl;
+        KtrctlProcess ktrctl(dataHome);
         ktrctl.start(args);
         return ktrctl.finish();
     }

@@ -5,6 +5,7 @@
 #include "KtrctlProcess.h"
 #include "print/PdfText.h"
 #include "record/Journal.h"
+#include "record/JournalQuery.h"
 #include "support/ControllerFiles.h"
 #include "support/PtyController.h"
 #include "support/SimProcess.h"
@@ -20,6 +21,24 @@ namespace {
 // Block 0 of a file with VEL 33 (0x21): the factory block otherwise.
 const QString Block0 = QStringLiteral("001E1E210A0A0003E8000A0A00000000");
 const QString Block2 = QStringLiteral("000114020003E80007D00A0500000000");
+
+QString journalFolder(const QTemporaryDir& dataHome)
+{
+    return dataHome.filePath(QStringLiteral("KTR-W5/journal"));
+}
+
+// The commands an entry's frames sent, a command polled over and over once.
+QString commandsSent(const QStringList& frames)
+{
+    static const QRegularExpression sent(QStringLiteral("^\\+\\d+\\.\\d{3} > (\\d\\w\\w)"));
+    QStringList commands;
+    for (const QString& frame : frames) {
+        const auto m = sent.match(frame);
+        if (m.hasMatch() && (commands.isEmpty() || commands.last() != m.captured(1)))
+            commands << m.captured(1);
+    }
+    return commands.join(u' ');
+}
 
 } // namespace
 
@@ -90,7 +109,7 @@ private slots:
         SimProcess sim(QStringLiteral(KTRSIM_PATH));
         QVERIFY2(sim.start(), sim.standardError().constData());
         const QString pmt = writeFile(files, QStringLiteral("20.pmt"), paraFile("20", 33));
-        QCOMPARE(KtrctlProcess::run({"--port", sim.devicePath(), "params", "write", pmt, "--current", "1.5"}).exitCode, 0);
+        QCOMPARE(KtrctlProcess::run({"--port", sim.devicePath(), "params", "write", pmt, "--current", "1.5"}, files.path()).exitCode, 0);
         Journal journal(Journal::defaultDirectory());
         for (const QString& unit : {QStringLiteral("Station 7"), QStringLiteral("Station 8")}) {
             JournalEntry entry;
@@ -104,7 +123,7 @@ private slots:
 
         const QString json = files.filePath(QStringLiteral("r.json"));
         const QStringList unit{"--port", sim.devicePath(), "--unit", "Station 7"};
-        const CtlRun run = KtrctlProcess::run(unit + QStringList{"--trace", "report", "-o", json});
+        const CtlRun run = KtrctlProcess::run(unit + QStringList{"--trace", "report", "-o", json}, files.path());
         QCOMPARE(run.exitCode, 0);
         QCOMPARE(sentFrames(run.err), (QStringList{"0CM6", "0RV", "0RD0", "0RD1", "0RD2", "0RD7", "0CM6", "0RP01", "0CM7", "0RI", "0RO", "0CM0"}));
         QFile file(json);
@@ -123,7 +142,7 @@ private slots:
         QCOMPARE(report["journal"].toArray()[0].toObject()["unit"].toString(), QStringLiteral("Station 7"));
 
         const QString pdf = files.filePath(QStringLiteral("r.pdf"));
-        QCOMPARE(KtrctlProcess::run(unit + QStringList{"report", "-o", pdf, "--paper", "letter", "--note", "Line 2"}).exitCode, 0);
+        QCOMPARE(KtrctlProcess::run(unit + QStringList{"report", "-o", pdf, "--paper", "letter", "--note", "Line 2"}, files.path()).exitCode, 0);
         QFile pages(pdf);
         QVERIFY(pages.open(QIODevice::ReadOnly));
         const QByteArray bytes = pages.readAll();
@@ -132,6 +151,91 @@ private slots:
         const QStringList pieces{"Commissioning report", "Unit:", "Station 7", "Note:", "Line 2", "VEL", "33", "10", "*",
                                  "SP current:", "1.50 A", "VEL: 300", "● RDY", "homing", "done", "Commissioned by:", "Accepted by:"};
         QVERIFY2(findInOrder(pdfText(bytes), pieces, &missing) >= 0, qPrintable(missing));
+    }
+
+    // Each action of ktrctl enters what it did, how it ended, what the user
+    // was told and its frames; a controller that refuses it fails the entry.
+    void journalEntryOfEachAction_data()
+    {
+        QTest::addColumn<QStringList>("simArgs");
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<QString>("commands");
+        QTest::addColumn<QString>("message"); // empty: the action succeeded
+        QTest::addColumn<int>("exitCode");    // a failed switch is told, and the monitor goes on
+        const auto row = [](const char* name, const QString& fault, const QStringList& args, const QString& action,
+                            const char* commands, const char* message) {
+            QTest::newRow(name) << (fault.isEmpty() ? QStringList{} : QStringList{"--error-reply", fault}) << args << action
+                                << QString(commands) << QString(message)
+                                << (*message && action != JournalEntry::OutputToggle ? 1 : 0);
+        };
+        const QStringList values{"opdata", "write", "--speed", "1", "--acc", "1", "--division", "12", "--gear", "1"};
+        row("params write", {}, {"params", "write", "PMT28"}, JournalEntry::ParamsWrite, "0RA 0WD 0WE", "");
+        row("params write refused", "WE:101", {"params", "write", "PMT28"}, JournalEntry::ParamsWrite, "0RA 0WD 0WE", "Fail to Write parameters.");
+        row("opdata write", {}, values, JournalEntry::OpDataWrite, "0RA 0WP 0WA", "");
+        row("opdata write refused", "WA:101", values, JournalEntry::OpDataWrite, "0RA 0WP 0WA", "Unknown command.");
+        row("output", {}, {"io", "--toggle", "OUT2"}, JournalEntry::OutputToggle, "0WO 0RI 0RO", "");
+        row("output refused", "WO:101", {"io", "--toggle", "OUT2"}, JournalEntry::OutputToggle, "0WO", "Unknown command.");
+        row("reset", {}, {"reset"}, JournalEntry::AlarmReset, "0AR", "");
+        row("reset refused", "AR:101", {"reset"}, JournalEntry::AlarmReset, "0AR", "Unknown command.");
+        row("home", {}, {"home"}, JournalEntry::Home, "0CM 0MP 0RA", "");
+        row("home refused", "MP:101", {"home"}, JournalEntry::Home, "0CM 0MP", "Unknown command.");
+        row("move", {}, {"move"}, JournalEntry::Move, "0RA 0MP 0RA", "");
+        row("move refused", "MP:101", {"move"}, JournalEntry::Move, "0RA 0MP", "Unknown command.");
+    }
+    void journalEntryOfEachAction()
+    {
+        QFETCH(QStringList, simArgs);
+        QFETCH(QStringList, args);
+        QFETCH(QString, message);
+        QTemporaryDir data;
+        args.replaceInStrings(QStringLiteral("PMT28"), writeFile(data, QStringLiteral("28.pmt"), paraFile("28", 33)));
+        SimProcess sim(QStringLiteral(KTRSIM_PATH));
+        QVERIFY2(sim.start(simArgs), sim.standardError().constData());
+        const CtlRun run = KtrctlProcess::run(QStringList{"--port", sim.devicePath(), "--unit", "Station 7"} + args, data.path());
+        QTEST(run.exitCode, "exitCode");
+
+        const JournalListing listing = JournalListing::read(journalFolder(data), {});
+        QCOMPARE(listing.entries.size(), 1);
+        const JournalEntry& entry = listing.entries.first();
+        QTEST(entry.action, "action");
+        QCOMPARE(entry.success, message.isEmpty());
+        QVERIFY2(message.isEmpty() ? entry.message.isEmpty() : entry.message.contains(message), qPrintable(entry.message));
+        QTEST(commandsSent(entry.frames), "commands");
+        QCOMPARE(entry.unit, QStringLiteral("Station 7"));
+        QCOMPARE(entry.port, sim.devicePath());
+        QCOMPARE(entry.program, QStringLiteral("ktrctl"));
+    }
+
+    // A ktrctl killed while its third move runs leaves the moves before it
+    // entered whole; the journal lists them, as a table or as JSON, and
+    // counts a damaged line.
+    void killedRunKeepsItsEntries()
+    {
+        QTemporaryDir data;
+        SimProcess sim(QStringLiteral(KTRSIM_PATH));
+        QVERIFY2(sim.start(), sim.standardError().constData());
+        KtrctlProcess ktrctl(data.path());
+        ktrctl.start({"--port", sim.devicePath(), "--trace", "move", "--continuous"});
+        QVERIFY(ktrctl.waitForErr([](const QString& err) { return sentFrames(err).count(QStringLiteral("0MP01")) == 3; }));
+        ktrctl.kill();
+        ktrctl.finish();
+
+        const QString file = QDir(journalFolder(data)).filePath(Journal::fileName(QDate::currentDate()));
+        QFile journal(file);
+        QVERIFY(journal.open(QIODevice::Append));
+        journal.write("{\"time\":\"2026-11-0\n");
+        journal.close();
+        const CtlRun table = KtrctlProcess::run({"journal"}, data.path());
+        QCOMPARE(table.exitCode, 0);
+        const QStringList rows = linesOf(table.out);
+        QCOMPARE(rows.size(), 3);
+        QVERIFY2(rows[0].startsWith("Time ") && rows[2].contains(QRegularExpression("  move +done +move=2$")), qPrintable(table.out));
+        QCOMPARE(table.err, QStringLiteral("1 damaged lines of the journal were skipped.\n"));
+        const CtlRun json = KtrctlProcess::run({"journal", "--json", "--port", sim.devicePath()}, data.path());
+        QCOMPARE(linesOf(json.out).size(), 2);
+        QCOMPARE(QJsonDocument::fromJson(linesOf(json.out)[0].toUtf8())["written"].toObject(), (QJsonObject{{"move", 1}}));
+        QCOMPARE(linesOf(KtrctlProcess::run({"journal", "--since", "2999-01-01"}, data.path()).out).size(), 1);
     }
 
     // A unit that cannot be read gets no report.

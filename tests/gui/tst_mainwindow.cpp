@@ -9,7 +9,12 @@
 #include "opdata/widgets/OpDataPage.h"
 #include "opdata/widgets/OpDataPageController.h"
 #include "params/widgets/ParaPage.h"
+#include "record/Journal.h"
+#include "record/JournalQuery.h"
+#include "record/JournalText.h"
 #include "record/ReportPrintout.h"
+#include "record/widgets/JournalTableModel.h"
+#include "record/widgets/JournalWindow.h"
 #include "record/widgets/ReportDialog.h"
 #include "record/widgets/ReportMenuCommand.h"
 #include "shell/widgets/CommLogWindow.h"
@@ -239,6 +244,42 @@ private slots:
         QVERIFY(w.prompter.lastText().startsWith("The communication log could not be saved."));
         log.cmdClear->click();
         QCOMPARE(log.log->rowCount(), 0);
+    }
+
+    // An alarm reset and a parameter write enter the unit given to the port
+    // in Options; the write names only the value changed since the read. The
+    // journal window lists them newest first, with the frames of the one
+    // selected, and filters them.
+    void journalOfTheWindow()
+    {
+        SimWindow w;
+        withOptionsDialog(*w.window, [](OptionsDialog& d) { d.txtUnit->setText(QStringLiteral("Station 7")); });
+        QTest::mouseClick(w.window->opData->cmdRESET, Qt::LeftButton);
+        auto* para = w.window->findChild<ParaPage*>();
+        w.window->SSTab1->setCurrentWidget(para);
+        QTest::mouseClick(para->cmdParaRead, Qt::LeftButton);
+        para->txtHomeVel->setText(QStringLiteral("33"));
+        QTest::mouseClick(para->cmdParaWrite, Qt::LeftButton);
+
+        const QList<JournalEntry> entries = JournalListing::read(Journal::defaultDirectory(), {}).entries;
+        QCOMPARE(entries.size(), 2);
+        QCOMPARE(entries[0].action, JournalEntry::AlarmReset);
+        QCOMPARE(entries[1].written, (QJsonObject{{"changed", QJsonObject{{"VEL", 33}}}}));
+        for (const JournalEntry& e : entries)
+            QVERIFY(e.success && e.unit == u"Station 7" && e.port == u"simulator" && e.program == u"ktr-w5");
+
+        w.window->findChild<QAction*>("mnuViewJournal")->trigger();
+        auto* journal = w.window->findChild<JournalWindow*>();
+        QVERIFY(journal && journal->isVisible() && !journal->isModal());
+        QCOMPARE(journal->model->rowCount(), 2);
+        QCOMPARE(journal->model->index(0, JournalText::Action).data().toString(), QStringLiteral("parameter write"));
+        QCOMPARE(journal->model->index(0, JournalText::Written).data().toString(), QStringLiteral("VEL=33"));
+        journal->tblJournal->selectRow(0);
+        QVERIFY2(journal->txtFrames->toPlainText().contains("> 0WE\tstore the written parameters"),
+                 qPrintable(journal->txtFrames->toPlainText()));
+        QTest::keyClicks(journal->txtFilter, QStringLiteral("reset"));
+        QCOMPARE(journal->model->rowCount(), 1);
+        QCOMPARE(journal->lblCount->text(), QStringLiteral("1 of 2 entries"));
     }
 
     // Commissioning report: the unit asked for (proposed again on the same
