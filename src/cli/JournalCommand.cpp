@@ -66,6 +66,7 @@ int journal(CliSession& session, const QStringList& args)
         return bad;
     JournalQuery query;
     query.port = parsed.value(Port);
+    query.frames = parsed.has(Json);
     if (const int bad = takeDate(session, parsed, Since, DayEnd::Start, query.since))
         return bad;
     if (const int bad = takeDate(session, parsed, Until, DayEnd::End, query.until))

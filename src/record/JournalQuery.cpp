@@ -31,6 +31,17 @@ bool monthMeets(const QString& name, const JournalQuery& query)
         && (!query.until.isValid() || first.addDays(-1) <= query.until.date());
 }
 
+// The frames are most of a line. Outside strings a quote is never escaped,
+// so the array's end is the one place where "]," and the next key meet.
+QByteArray withoutFrames(const QByteArray& line)
+{
+    static const QByteArray start = QByteArrayLiteral(",\"frames\":[");
+    static const QByteArray end = QByteArrayLiteral("],\"message\":");
+    const qsizetype from = line.indexOf(start);
+    const qsizetype to = from < 0 ? -1 : line.indexOf(end, from + start.size() - 1);
+    return to < 0 ? line : line.left(from) + line.mid(to + 1);
+}
+
 void readFile(const QString& path, const JournalQuery& query, JournalListing& listing)
 {
     QFile file(path);
@@ -42,7 +53,7 @@ void readFile(const QString& path, const JournalQuery& query, JournalListing& li
             continue;
         if (const auto time = JournalEntry::timeOfLine(line); time && !query.takesTime(*time))
             continue;
-        const auto entry = JournalEntry::fromLine(line);
+        const auto entry = JournalEntry::fromLine(query.frames ? line : withoutFrames(line));
         if (!entry)
             ++listing.damaged;
         else if (query.takes(*entry))
@@ -60,7 +71,10 @@ JournalListing JournalListing::read(const QString& directory, const JournalQuery
         if (monthMeets(name, query))
             readFile(QDir(directory).filePath(name), query, listing);
     }
-    std::stable_sort(listing.entries.begin(), listing.entries.end(),
-                     [](const JournalEntry& a, const JournalEntry& b) { return a.time < b.time; });
+    // Appended as they happened, entries are in order but where two
+    // programs wrote at once.
+    const auto earlier = [](const JournalEntry& a, const JournalEntry& b) { return a.time < b.time; };
+    if (!std::is_sorted(listing.entries.begin(), listing.entries.end(), earlier))
+        std::stable_sort(listing.entries.begin(), listing.entries.end(), earlier);
     return listing;
 }

@@ -14,6 +14,7 @@ struct JournalQuery {
     QString port;
     QString unit;
     bool anyUnit = true; // false: only entries of exactly `unit` (an empty one too)
+    bool frames = true;  // false: the entries come without their frames, read faster
 
     bool takes(const JournalEntry& entry) const;
     bool takesTime(const QDateTime& time) const;

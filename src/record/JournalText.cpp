@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
+#include <numeric>
 
 namespace {
 
@@ -45,6 +47,17 @@ int displayWidth(const QString& text)
         width += wide ? 2 : 1;
     }
     return width;
+}
+
+// A format string costs as much as the rest of a row.
+QString timeText(const QDateTime& time)
+{
+    const QDate d = time.date();
+    const QTime t = time.time();
+    char text[32];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", d.year(), d.month(), d.day(), t.hour(), t.minute(),
+                  t.second());
+    return QString::fromLatin1(text);
 }
 
 QString padded(const QString& text, int width)
@@ -95,7 +108,7 @@ QString JournalText::writtenShort(const QJsonObject& written)
 
 QStringList JournalText::cells(const JournalEntry& entry)
 {
-    return {entry.time.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")),
+    return {timeText(entry.time),
             entry.unit,
             entry.port,
             actionName(entry.action),
@@ -115,6 +128,7 @@ QString JournalText::table(const QList<JournalEntry>& entries)
             widths[column] = std::max(widths[column], displayWidth(row[column]));
     }
     QString text;
+    text.reserve(rows.size() * (std::accumulate(widths.begin(), widths.end(), 0) + 2 * Columns));
     for (const QStringList& row : rows) {
         for (int column = 0; column < Written; ++column)
             text += padded(row[column], widths[column]) + QStringLiteral("  ");
