@@ -1,6 +1,6 @@
 #include "cli/FrameTrace.h"
 
-#include "link/CommandCatalogue.h"
+#include "link/DecodedFrames.h"
 #include "link/Link.h"
 #include "link/TraceLine.h"
 
@@ -17,14 +17,8 @@ FrameTrace::FrameTrace(Link& link, const QElapsedTimer& clock, QTextStream& err,
         connect(&link, &Link::lineReceived, this, [this](const QByteArray& line) { print(TraceLine::Received, line); });
         return;
     }
-    connect(&link, &Link::frameSent, this, [this](const QByteArray& frame) {
-        print(TraceLine::Sent, frame, CommandCatalogue::meaningOfRequest(frame));
-    });
-    connect(&link, &Link::lineReceived, this, [this, errors](const QByteArray& line) {
-        print(TraceLine::Received, line, CommandCatalogue::meaningOfReply(line, *errors));
-    });
-    connect(&link, &Link::transactionFailed, this, [this](LinkOutcome::Kind kind, int timeoutMs) {
-        print(TraceLine::Event, {}, CommandCatalogue::meaningOfFailure(kind, timeoutMs));
+    DecodedFrames::follow(link, *errors, this, [this](char direction, const QByteArray& frame, const QString& meaning) {
+        print(direction, frame, meaning);
     });
 }
 

@@ -2,7 +2,7 @@
 
 #include "common/AtomicFile.h"
 #include "common/MessageTable.h"
-#include "link/CommandCatalogue.h"
+#include "link/DecodedFrames.h"
 #include "link/Link.h"
 #include "link/TraceLine.h"
 
@@ -21,14 +21,8 @@ CommLog::CommLog(Link& link, const ErrorList& errors, QObject* parent)
     m_batch.setSingleShot(true);
     m_batch.setInterval(BatchMs);
     connect(&m_batch, &QTimer::timeout, this, &CommLog::endOfBatch);
-    connect(&link, &Link::frameSent, this, [this](const QByteArray& frame) {
-        record(TraceLine::Sent, frame, CommandCatalogue::meaningOfRequest(frame));
-    });
-    connect(&link, &Link::lineReceived, this, [this, &errors](const QByteArray& line) {
-        record(TraceLine::Received, line, CommandCatalogue::meaningOfReply(line, errors));
-    });
-    connect(&link, &Link::transactionFailed, this, [this](LinkOutcome::Kind kind, int timeoutMs) {
-        record(TraceLine::Event, {}, CommandCatalogue::meaningOfFailure(kind, timeoutMs));
+    DecodedFrames::follow(link, errors, this, [this](char direction, const QByteArray& frame, const QString& meaning) {
+        record(direction, frame, meaning);
     });
 }
 

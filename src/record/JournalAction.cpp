@@ -1,6 +1,6 @@
 #include "record/JournalAction.h"
 
-#include "link/CommandCatalogue.h"
+#include "link/DecodedFrames.h"
 #include "link/Link.h"
 #include "link/PrompterTap.h"
 #include "link/SequenceContext.h"
@@ -23,17 +23,10 @@ JournalAction::JournalAction(JournalRecorder& recorder, const QString& action, Q
     , m_entry(recorder.entry(action))
 {
     m_clock.start();
-    Link& link = recorder.context().link;
-    const ErrorList& errors = recorder.errors();
-    connect(&link, &Link::frameSent, this, [this](const QByteArray& frame) {
-        trace(TraceLine::Sent, frame, CommandCatalogue::meaningOfRequest(frame));
-    });
-    connect(&link, &Link::lineReceived, this, [this, &errors](const QByteArray& line) {
-        trace(TraceLine::Received, line, CommandCatalogue::meaningOfReply(line, errors));
-    });
-    connect(&link, &Link::transactionFailed, this, [this](LinkOutcome::Kind kind, int timeoutMs) {
-        trace(TraceLine::Event, {}, CommandCatalogue::meaningOfFailure(kind, timeoutMs));
-    });
+    DecodedFrames::follow(recorder.context().link, recorder.errors(), this,
+                          [this](char direction, const QByteArray& frame, const QString& meaning) {
+                              trace(direction, frame, meaning);
+                          });
     connect(&recorder.tap(), &PrompterTap::told, this, [this](const QString& text) { m_told << oneLineEnding(text); });
 }
 

@@ -186,12 +186,12 @@ private slots:
     void journalEntryOfEachAction()
     {
         QFETCH(QStringList, simArgs);
+        SimProcess sim(QStringLiteral(KTRSIM_PATH));
+        QVERIFY2(sim.start(simArgs), sim.standardError().constData());
         QFETCH(QStringList, args);
         QFETCH(QString, message);
         QTemporaryDir data;
         args.replaceInStrings(QStringLiteral("PMT28"), writeFile(data, QStringLiteral("28.pmt"), paraFile("28", 33)));
-        SimProcess sim(QStringLiteral(KTRSIM_PATH));
-        QVERIFY2(sim.start(simArgs), sim.standardError().constData());
         const CtlRun run = KtrctlProcess::run(QStringList{"--port", sim.devicePath(), "--unit", "Station 7"} + args, data.path());
         QTEST(run.exitCode, "exitCode");
 
