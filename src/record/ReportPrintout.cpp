@@ -5,7 +5,6 @@
 #include "print/PrintFooter.h"
 #include "record/JournalText.h"
 
-#include <QJsonDocument>
 #include <QLocale>
 #include <QRegularExpression>
 
@@ -43,8 +42,6 @@ constexpr int IoTitle = 5664;
 constexpr int LampLegend = 5665;
 constexpr int JournalTitle = 5666;
 constexpr int NoEntries = 5667;
-constexpr int Done = 5668;
-constexpr int Failed = 5669;
 constexpr int CommissionedBy = 5670;
 constexpr int AcceptedBy = 5671;
 constexpr int DateLabel = 5672;
@@ -121,8 +118,7 @@ QList<Block> journal(const ReportData& d)
     if (d.journal.isEmpty())
         blocks.last() << Row{{LeftX, Msg(NoEntries)}};
     for (const JournalEntry& e : d.journal) {
-        const QString written = QString::fromUtf8(QJsonDocument(e.written).toJson(QJsonDocument::Compact));
-        blocks << Block{{{LeftX, timeText(e.time)}, {ValueX, JournalText::actionName(e.action)}, {StandardX, Msg(e.success ? Done : Failed)}, {MarkX - 20, written, 60}}};
+        blocks << Block{{{LeftX, timeText(e.time)}, {ValueX, JournalText::actionName(e.action)}, {StandardX, JournalText::outcome(e), 30}, {MarkX - 20, JournalText::writtenShort(e.written), 60}}};
     }
     return blocks;
 }
