@@ -34,6 +34,8 @@ public:
     SequenceContext& context() { return m_context; }
     AlarmDisplay& alarms() { return m_alarms; }
     Prompter& prompter() { return m_tap; }
+    // Tells each text the user is told.
+    PrompterTap& tap() { return m_tap; }
     Interrupt& interrupt() { return m_interrupt; }
     // --unit: names the unit for the journal and the report; empty when not given.
     const QString& unit() const { return m_unit; }

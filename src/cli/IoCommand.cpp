@@ -62,12 +62,14 @@ int IoCommand::run(const QStringList& args)
     // Ctrl-C ends the watch the way the button does: monitoring mode is left.
     m_session.interrupt().setAbortsWaits(false);
     connect(&m_session.interrupt(), &Interrupt::raised, this, &IoCommand::finish);
+    // The monitor tells a failed output write and goes on; the exit status must say it too.
+    connect(&m_session.tap(), &PrompterTap::told, this, [this] { m_failureTold = true; });
 
     m_monitor.start();
     Waiter::waitUntil([this] { return !m_monitor.mIoRunning; });
     m_journal.monitorStopped();
     // The monitor stops by itself only when a transaction failed.
-    return m_finishing && !Waiter::aborted() ? ExitDone : ExitLinkFailed;
+    return m_finishing && !Waiter::aborted() && !m_failureTold ? ExitDone : ExitLinkFailed;
 }
 
 void IoCommand::readingShown()

@@ -46,6 +46,7 @@ private:
     bool m_watch = false;
     int m_readings = 0;
     bool m_finishing = false;
+    bool m_failureTold = false;
     QString m_printed;
 };
 

@@ -128,6 +128,9 @@ private slots:
             {"--extra-char", "CM"});
         row("reset", {"--simulator", "reset"}, 0, "", "");
         row("check", {"--simulator", "check"}, 0, "", "");
+        row("io, output write refused", {"--simulator", "io", "--toggle", "OUT1"}, 1, "STB=0 STOP=0 ALM=0 RDY=1 IN-P=1 OUT1=0 OUT2=0\n",
+            "Communication error occurs!\nError No.104\n[104: Value out of range.]\nCommunication error occurs!\n\ntransmit data is wrong\n",
+            {"--error-reply", "WO:104"});
         row("params read", {"--simulator", "params", "read"}, 0, ReadLines.join(u'\n') + u'\n', "");
         row("opdata read", {"--simulator", "opdata", "read"}, 0, OpDataLines.join(u'\n') + u'\n', "");
         row("params diff, equal", {"params", "diff", "@28.pmt", "@28.pmt"}, 0, "Result of Verify - OK\n", "");
