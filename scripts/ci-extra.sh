@@ -52,7 +52,7 @@ run_target() {
     return 1
   fi
 }
-targets=(seqreader parafile opdatafile devicelist stdparalist errorlist linkreceive)
+targets=(seqreader parafile opdatafile devicelist stdparalist errorlist linkreceive journal)
 status=0
 for ((i = 0; i < ${#targets[@]}; i += 2)); do
   pids=()
