@@ -162,12 +162,12 @@ private slots:
         QTest::addColumn<QString>("action");
         QTest::addColumn<QString>("commands");
         QTest::addColumn<QString>("message"); // empty: the action succeeded
-        QTest::addColumn<int>("exitCode");    // a failed switch is told, and the monitor goes on
+        QTest::addColumn<int>("exitCode");
         const auto row = [](const char* name, const QString& fault, const QStringList& args, const QString& action,
                             const char* commands, const char* message) {
             QTest::newRow(name) << (fault.isEmpty() ? QStringList{} : QStringList{"--error-reply", fault}) << args << action
                                 << QString(commands) << QString(message)
-                                << (*message && action != JournalEntry::OutputToggle ? 1 : 0);
+                                << (*message ? 1 : 0);
         };
         const QStringList values{"opdata", "write", "--speed", "1", "--acc", "1", "--division", "12", "--gear", "1"};
         row("params write", {}, {"params", "write", "PMT28"}, JournalEntry::ParamsWrite, "0RA 0WD 0WE", "");
