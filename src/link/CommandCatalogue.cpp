@@ -37,7 +37,7 @@ constexpr int NoErrorInformation = 32;
 
 struct Entry {
     CommandCatalogue::Command command;
-    // What a request means; %1 is its data field. 0: told by the caller.
+    // What a request means; %1, where the text has one, is its data field.
     int request;
 };
 

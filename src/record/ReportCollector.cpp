@@ -10,12 +10,12 @@
 #include "link/Prompter.h"
 #include "link/SequenceContext.h"
 #include "link/VersionQuery.h"
+#include "opdata/HeadlessOpDataView.h"
 #include "opdata/IoMonitor.h"
 #include "opdata/IoMonitorView.h"
 #include "opdata/OpDataHyoji.h"
 #include "opdata/OpDataScreen.h"
 #include "opdata/OpDataState.h"
-#include "opdata/OpDataView.h"
 #include "opdata/ReadFromCt.h"
 #include "params/ActuatorSize.h"
 #include "params/MotorCode.h"
@@ -36,17 +36,6 @@ constexpr int ReadingText = 5686;
 constexpr int ValueDoesNotFit = 4303;
 constexpr int Steps = 4;
 constexpr int HoursOfJournal = 24;
-
-// The operation data read goes nowhere on a screen.
-class NoOpDataView : public OpDataView {
-public:
-    OpDataScreen screen() const override { return {}; }
-    void showScreen(const OpDataScreen&) override {}
-    void setSpeedChoiceEnabled(bool) override {}
-    void setHomeEnabled(bool) override {}
-    void setResetEnabled(bool) override {}
-    void setStopEnabled(bool) override {}
-};
 
 // The lamps as the monitor shows them.
 class LampSnapshot : public IoMonitorView {
@@ -175,7 +164,7 @@ int ReportCollector::readParameters(ReportData& data)
 int ReportCollector::readOpData(ReportData& data)
 {
     OpDataState state;
-    NoOpDataView view;
+    HeadlessOpDataView view;
     if (ReadFromCt(m_ctx, state, view).ReadPosidataFromCt() != 0)
         return 1;
     const PosiTable& read = state.PosiDataRead;
